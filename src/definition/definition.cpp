@@ -1,0 +1,3 @@
+#include "definition/definition.h"
+
+void init_form_inversion_parameters(InversionDefinition & definition) { definition = InversionDefinition(); }

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+
+/// Starts a run script through the system's command interpreter.
+class ScriptLauncher {
+public:
+    virtual ~ScriptLauncher() = default;
+
+    /// Starts `script`, a bare name in `folder`, detached, with that folder current, and returns at once. Fails with a `Fault`.
+    virtual void start(const std::string & folder, const std::string & script) = 0;
+};

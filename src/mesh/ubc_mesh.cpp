@@ -1,0 +1,9 @@
+#include "mesh/ubc_mesh.h"
+
+#include <algorithm>
+
+std::int32_t interval_of(const List<double> & nodes, double value)
+{
+    const auto items = nodes.items();
+    return static_cast<std::int32_t>(std::upper_bound(items.begin(), items.end(), value) - items.begin());
+}

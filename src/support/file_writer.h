@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// A file being written anew through a large buffer. Every write is checked, the close included.
+///
+/// Fails with a `FileFault` that names the path. A writer destroyed without `close` leaves what had been written.
+class FileWriter {
+public:
+    /// path: a definition path.
+    explicit FileWriter(const std::string & path);
+    ~FileWriter();
+    FileWriter(FileWriter && other) noexcept;
+    FileWriter(const FileWriter &) = delete;
+    FileWriter & operator=(const FileWriter &) = delete;
+    FileWriter & operator=(FileWriter &&) = delete;
+
+    void text(std::string_view text);
+    /// The text and CR LF.
+    void line(std::string_view text);
+
+    /// Room for at least `size` bytes (up to 64 KiB) to be formatted in place; `commit` takes them over up to `end`.
+    char * room(std::size_t size);
+    void commit(char * end) { used_ = static_cast<std::size_t>(end - buffer_.data()); }
+
+    /// Writes what is held back and closes; `durable` also waits until the disk has it.
+    void close(bool durable = false);
+
+private:
+    void flush();
+
+    std::string path_;
+    std::FILE * file_ = nullptr;
+    std::vector<char> buffer_;
+    std::size_t used_ = 0;
+};
+
+/// Writes a small file whole by way of a temporary one beside it, so that a crash leaves the old file or the new one.
+void replace_file(const std::string & path, std::string_view content);
