@@ -12,5 +12,5 @@ struct OutputWindow {
 ///
 /// extended: also the line name and extra value of each reading. Writes no file and gives 0 when the window holds no reading.
 /// Fails with a `FileFault`.
-std::int32_t write_inversion_data(const InversionDefinition & definition, const UbcMesh & mesh, const ObservedReadings & readings, bool extended,
-                                  const std::string & path, const OutputWindow & window, Host & host);
+std::int32_t write_inversion_data(const InversionDefinition & definition, const UbcMesh & mesh, const ObservedReadings & readings,
+                                  bool extended, const std::string & path, const OutputWindow & window, Host & host);

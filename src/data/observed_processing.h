@@ -21,5 +21,5 @@ struct ObservedReadings {
 /// Reads the observed data and keeps, per surface cell, the reading nearest its centre with its sensor elevation.
 ///
 /// Bad when the reader failed (it has shown why). Fewer than 10 readings kept is a warning only.
-Status process_inversion_data(const InversionDefinition & definition, const UbcMesh & mesh, const TopoSurface & topo, ObservedReadings & readings,
-                              Host & host);
+Status process_inversion_data(const InversionDefinition & definition, const UbcMesh & mesh, const TopoSurface & topo,
+                              ObservedReadings & readings, Host & host);

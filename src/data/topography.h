@@ -13,21 +13,21 @@ struct TopoSurface {
     std::int32_t point_count = 0; ///< data and frame points; 0 while there is no surface
     std::int32_t frame_count = 0;
     Triangulation triangulation;
-    List<float> cell_topo;         ///< elevation at each cell centre
-    List<std::int32_t> air_cells;  ///< cells of each column above the ground
-    List<float> node_topo;         ///< elevation at each mesh node; for the own solver only
+    List<float> cell_topo;        ///< elevation at each cell centre
+    List<std::int32_t> air_cells; ///< cells of each column above the ground
+    List<float> node_topo;        ///< elevation at each mesh node; for the own solver only
 };
 
-/// Makes the surface from scattered points. Bad, after a message, with fewer than 5 points in or near the mesh or all on one line.
-Status interpolate_topo_points(const ObservedData & points, const InversionDefinition & definition, const UbcMesh & mesh, TopoSurface & topo,
-                               Host & host);
+/// Makes the surface from scattered points. Bad, after a message, with fewer than 5 points in or near the mesh or all on one
+/// line.
+Status interpolate_topo_points(const ObservedData & points, const InversionDefinition & definition, const UbcMesh & mesh,
+                               TopoSurface & topo, Host & host);
 
-/// Marks air cells in the cell model (cells numbered x fastest, then y, then z from the top; -1.0 is air) and lifts readings that would lie
-/// less than 0.1 m above the ground's cells.
-Status process_inversion_topo(const InversionDefinition & definition, const UbcMesh & mesh, const TopoSurface & topo, SelectedData & selected,
-                              List<float> & cell_model, Host & host);
-
+/// Marks air cells in the cell model (cells numbered x fastest, then y, then z from the top; -1.0 is air) and lifts readings that
+/// would lie less than 0.1 m above the ground's cells.
+Status process_inversion_topo(const InversionDefinition & definition, const UbcMesh & mesh, const TopoSurface & topo,
+                              SelectedData & selected, List<float> & cell_model, Host & host);
 
 /// Writes "topo.dat" for the whole mesh. Fails with a `FileFault`.
-void write_topo_file(const std::string & path, const InversionDefinition & definition, const UbcMesh & mesh, const TopoSurface & topo,
-                     Host & host);
+void write_topo_file(const std::string & path, const InversionDefinition & definition, const UbcMesh & mesh,
+                     const TopoSurface & topo, Host & host);

@@ -8,8 +8,8 @@
 
 /// Everything that the user sets for one inversion: the chief record of the program.
 ///
-/// Truth fields are 0 and 1. The 32-bit fields are 32-bit in the files too. `read_inversion_parameter_file` fills a record in which
-/// nothing has been checked; the form shows it; `check_inversion_definitions` makes a `ValidatedDefinition` of both.
+/// Truth fields are 0 and 1. The 32-bit fields are 32-bit in the files too. `read_inversion_parameter_file` fills a record in
+/// which nothing has been checked; the form shows it; `check_inversion_definitions` makes a `ValidatedDefinition` of both.
 struct InversionDefinition {
     // general
     std::int32_t inversion_method = 4; ///< a code of `inversion_methods`
@@ -90,7 +90,7 @@ struct InversionDefinition {
     float wavelet_eps = 0.001F;
     std::int32_t background_method = 0;
     float background_value = 0;
-    float background_topo = 0; ///< at or below -1e30 not set
+    float background_topo = 0;                      ///< at or below -1e30 not set
     float mag_inclination = 0, mag_declination = 0; ///< degrees
     float mag_intensity = 0;                        ///< nT
     std::int32_t grav_iterations = 30;

@@ -47,7 +47,8 @@ FileClass file_class(const InversionDefinition & definition);
 // The items of the lists, with the codes that choosing them stores.
 std::vector<ListItem> inversion_method_items();
 std::vector<ListItem> inversion_mode_items(MethodFamily family);
-/// list: 0 to 2. Lists 1 and 2 start with "NA" but take the codes of list 0 by position, so each text stands one place behind its code.
+/// list: 0 to 2. Lists 1 and 2 start with "NA" but take the codes of list 0 by position, so each text stands one place behind its
+/// code.
 std::vector<ListItem> data_type_items(int list);
 std::vector<ListItem> optional_data_type_items();
 std::vector<ListItem> depth_weighting_type_items(MethodFamily family);

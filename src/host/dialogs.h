@@ -25,5 +25,6 @@ public:
     virtual std::optional<std::string> save_file(const FileDialog & dialog) = 0;
     virtual std::optional<std::string> choose_folder(const std::string & title, const std::string & start) = 0;
     /// One line of text; nothing when cancelled.
-    virtual std::optional<std::string> input(const std::string & title, const std::string & prompt, const std::string & start) = 0;
+    virtual std::optional<std::string> input(const std::string & title, const std::string & prompt,
+                                             const std::string & start) = 0;
 };

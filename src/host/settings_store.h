@@ -14,4 +14,3 @@ public:
 
 /// The text that marks a setting which has not been set.
 inline constexpr const char * no_setting = "<no value>";
-

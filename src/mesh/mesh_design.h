@@ -16,16 +16,16 @@ struct Padding {
 /// Bad, without a message, when an item is not a number above 0.
 Status decode_padding_cells(const InversionDefinition & definition, Padding & padding);
 
-/// `decode_padding_cells`, then the cells of each axis with padding. Padding lies at both ends in x and y and at the bottom in z, where
-/// a lower part replaces it.
+/// `decode_padding_cells`, then the cells of each axis with padding. Padding lies at both ends in x and y and at the bottom in z,
+/// where a lower part replaces it.
 Status calculate_cell_counts(const InversionDefinition & definition, Padding & padding);
 
 /// Builds the design mesh of an untiled inversion from the limits, cell sizes and counts of the definition.
 ///
-/// Bad, with the mesh as it was, when a count is below 1. In mode 4 the z limits of the definition become depths below a zero top.
-/// A padding list that does not parse keeps its last sums. Counts beyond 32 bits are an `OverflowFault`.
+/// Bad, with the mesh as it was, when a count is below 1. In mode 4 the z limits of the definition become depths below a zero
+/// top. A padding list that does not parse keeps its last sums. Counts beyond 32 bits are an `OverflowFault`.
 Status determine_inversion_mesh(InversionDefinition & definition, Padding & padding, UbcMesh & mesh);
 
-/// The elevation of the bottom of the lower z part: `cells` cells below `bottom`, the first of size `cell_size`, each `multiplier`
-/// times as high as the one above it.
+/// The elevation of the bottom of the lower z part: `cells` cells below `bottom`, the first of size `cell_size`, each
+/// `multiplier` times as high as the one above it.
 double lower_part_bottom(double bottom, double cell_size, double multiplier, std::int32_t cells);

@@ -28,6 +28,6 @@ struct UbcMesh {
     std::int32_t cells_z() const { return total_cells[2]; }
 };
 
-/// The largest number k with nodes[k] at or below `value`, found by bisection: 0 below the first node, the last number from the last
-/// node up. nodes ascend.
+/// The largest number k with nodes[k] at or below `value`, found by bisection: 0 below the first node, the last number from the
+/// last node up. nodes ascend.
 std::int32_t interval_of(const List<double> & nodes, double value);

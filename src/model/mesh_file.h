@@ -20,7 +20,7 @@ struct MeshExtension {
     std::int32_t format = 0;
     float drape_top = 0, drape_bottom = 0; ///< written for format 5 when top is above bottom
     std::int32_t air_cells = 0, sea_cells = 0;
-    const List<float> * topo_nodes = nullptr;      ///< an elevation per node of the mesh, x fastest
+    const List<float> * topo_nodes = nullptr;       ///< an elevation per node of the mesh, x fastest
     const List<double> * trapezoid_nodes = nullptr; ///< a pair of positions per node of the mesh, x fastest, the pair together
 };
 

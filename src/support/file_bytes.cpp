@@ -21,7 +21,8 @@ std::vector<char> read_whole(const std::string & path, std::FILE * file)
 {
     std::vector<char> held;
     char block[1 << 16];
-    for (std::size_t count = 0; (count = std::fread(block, 1, sizeof block, file)) > 0;) held.insert(held.end(), block, block + count);
+    for (std::size_t count = 0; (count = std::fread(block, 1, sizeof block, file)) > 0;)
+        held.insert(held.end(), block, block + count);
     const int error = std::ferror(file) != 0 ? errno : 0;
     std::fclose(file);
     if (error != 0) throw FileFault("cannot read", path, error);
@@ -68,7 +69,7 @@ FileBytes::~FileBytes()
 }
 
 FileBytes::FileBytes(FileBytes && other) noexcept
-    : data_(std::exchange(other.data_, nullptr)), size_(std::exchange(other.size_, 0)), mapped_(std::exchange(other.mapped_, false)),
-      held_(std::move(other.held_))
+    : data_(std::exchange(other.data_, nullptr)), size_(std::exchange(other.size_, 0)),
+      mapped_(std::exchange(other.mapped_, false)), held_(std::move(other.held_))
 {
 }

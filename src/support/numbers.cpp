@@ -96,7 +96,8 @@ NumberPrefix number_prefix(std::string_view text)
     if (read.ec == std::errc::result_out_of_range) {
         const std::string_view number = text.substr(first, at - first);
         const std::size_t e = number.find_first_of("eE");
-        if (e == std::string_view::npos || number[e + 1] != '-') throw OverflowFault("a number is too large: " + std::string(number));
+        if (e == std::string_view::npos || number[e + 1] != '-')
+            throw OverflowFault("a number is too large: " + std::string(number));
         value = 0;
     }
     return { negative ? -value : value, at };

@@ -137,7 +137,8 @@ void make_folder_path(std::string_view path)
 {
     std::error_code error;
     fs::create_directories(host_path(path), error);
-    if (!folder_exists(path)) throw FileFault("cannot create the folder", std::string(path), error ? error.message() : "a file of that name exists");
+    if (!folder_exists(path))
+        throw FileFault("cannot create the folder", std::string(path), error ? error.message() : "a file of that name exists");
 }
 
 void change_to_path(std::string_view path)
@@ -164,7 +165,7 @@ void delete_file(std::string_view path)
 
 std::string make_temp_file_name(std::string_view folder, std::string_view prefix)
 {
-    static std::atomic<unsigned> next { std::random_device {}() };
+    static std::atomic<unsigned> next{ std::random_device{}() };
     std::error_code error;
     std::string base(folder);
     if (base.empty()) base = definition_path(fs::temp_directory_path(error));

@@ -118,7 +118,8 @@ std::string format_number(double value, std::string_view pattern)
         if (!before.empty() && before.back() == ' ') before.pop_back();
         before += '-';
     }
-    return before + (part.exponent_digits > 0 ? exponent_text(decimal, part) : fixed_text(decimal, part)) + std::string(part.after);
+    return before + (part.exponent_digits > 0 ? exponent_text(decimal, part) : fixed_text(decimal, part)) +
+           std::string(part.after);
 }
 
 std::string format_fixed(double value, int decimals, bool strip)

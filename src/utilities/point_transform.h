@@ -1,7 +1,7 @@
 #pragma once
 
-/// The map from the coordinates of the data to those of the mesh: shift, scale, rotation, and the elevation's own shift and scale.
-/// Lengths in metres, angles in degrees. `normalise_point_transform` keeps the computed fields.
+/// The map from the coordinates of the data to those of the mesh: shift, scale, rotation, and the elevation's own shift and
+/// scale. Lengths in metres, angles in degrees. `normalise_point_transform` keeps the computed fields.
 struct PointTransform {
     bool in_use = false;               ///< computed
     double rotation = 0;               ///< degrees, clockwise

@@ -1,0 +1,1 @@
+#include "creation/run_scripts.h"

@@ -1,0 +1,1 @@
+#include "creation/weighting_file.h"

@@ -1,0 +1,1 @@
+#include "data/location_reader.h"

@@ -1,0 +1,1 @@
+#include "data/observed_output.h"

@@ -1,0 +1,1 @@
+#include "data/triangulation.h"

@@ -1,0 +1,1 @@
+#include "definition/definition_file.h"

@@ -1,0 +1,1 @@
+#include "definition/enumerations.h"

@@ -1,0 +1,1 @@
+#include "mesh/weighting_list.h"

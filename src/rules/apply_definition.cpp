@@ -1,0 +1,1 @@
+#include "rules/apply_definition.h"

@@ -1,0 +1,1 @@
+#include "rules/change_rules.h"

@@ -1,0 +1,1 @@
+#include "utilities/point_transform.h"

@@ -1,0 +1,1 @@
+#include "utilities/transform_file.h"

@@ -1,0 +1,92 @@
+#pragma once
+
+#include "host/host.h"
+#include "support/fault.h"
+
+#include <deque>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+/// Records every message and answers from a script; what the script does not hold is answered No or cancelled.
+struct RecordedDialogs : Dialogs {
+    std::vector<std::string> messages;
+    std::vector<std::string> questions; ///< questions, file dialogs and input boxes by their text or title
+    std::deque<bool> answers;
+    std::deque<std::string> picks; ///< for file, folder and input dialogs, in order
+
+    void message(const std::string & text) override { messages.push_back(text); }
+    bool question(const std::string & text) override
+    {
+        questions.push_back(text);
+        if (answers.empty()) return false;
+        const bool answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+    std::optional<std::string> open_file(const FileDialog & dialog) override { return pick(dialog.title); }
+    std::optional<std::string> save_file(const FileDialog & dialog) override { return pick(dialog.title); }
+    std::optional<std::string> choose_folder(const std::string & title, const std::string &) override { return pick(title); }
+    std::optional<std::string> input(const std::string & title, const std::string &, const std::string &) override
+    {
+        return pick(title);
+    }
+
+private:
+    std::optional<std::string> pick(const std::string & title)
+    {
+        questions.push_back(title);
+        if (picks.empty()) return std::nullopt;
+        std::string picked = picks.front();
+        picks.pop_front();
+        return picked;
+    }
+};
+
+struct RecordedProgress : Progress {
+    std::vector<std::string> lines;
+    std::vector<std::string> steps;
+    std::vector<int> percents;
+    int stop_at_percent = -1; ///< the user's Stop: the report of this percentage fails with `Stopped`
+
+    void begin() override {}
+    void end() override {}
+    void line(const std::string & text) override { lines.push_back(text); }
+    void step(const std::string & text) override { steps.push_back(text); }
+    void percent(int percent) override
+    {
+        percents.push_back(percent);
+        if (percent == stop_at_percent) throw Stopped();
+    }
+};
+
+struct MemorySettings : SettingsStore {
+    std::map<std::string, std::string> values;
+
+    std::string read(const std::string & section, const std::string & name, const std::string & start) override
+    {
+        const auto found = values.find(section + "/" + name);
+        return found == values.end() ? start : found->second;
+    }
+    bool write(const std::string & section, const std::string & name, const std::string & text) override
+    {
+        values[section + "/" + name] = text;
+        return true;
+    }
+};
+
+struct RecordedLauncher : ScriptLauncher {
+    std::vector<std::string> started;
+    void start(const std::string & folder, const std::string & script) override { started.push_back(folder + script); }
+};
+
+/// A host of fakes; hand `host` to the code under test and look at the parts afterwards.
+struct RecordedHost {
+    RecordedDialogs dialogs;
+    RecordedProgress progress;
+    MemorySettings settings;
+    RecordedLauncher launcher;
+    DebugLog debug;
+    Host host{ dialogs, progress, settings, launcher, debug };
+};
