@@ -152,8 +152,7 @@ std::string own_trade_off(const InversionDefinition & definition)
 /// A variation with new data has them in its own folder.
 std::string own_observed(const Creation & creation)
 {
-    return (creation.mode == CreateMode::variation_with_data ? "" : creation.path_prefix()) +
-           creation.files().observed;
+    return (creation.mode == CreateMode::variation_with_data ? "" : creation.path_prefix()) + creation.files().observed;
 }
 
 /// One matrix per observed type. Those of three-component data are one text, which never points to the parent folder.

@@ -1,6 +1,5 @@
-#include "creation/solver_inputs.h"
-
 #include "creation/given_creation.h"
+#include "creation/solver_inputs.h"
 #include "fakes/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -20,8 +19,7 @@ const WholeCase whole_cases[] = {
       "0/3/ .5  .02/mag.obs/maginv3d.mtx/start.sus/ref.sus/low.bnd/0.0001 2 3 4.5/weights.wt/0" },
     { 6, 1, "MAG/mesh/mag.obs/topo.dat/1/12.5 3", "mesh/mag.obs/topo.dat/depth_weight.txt/daub4/2 0.005/1",
       "3/ .5  .02/mag.obs/maginv3d.mtx/start.sus/ref.sus/null/low.bnd/up.bnd/0.0001 2 3 4.5/SMOOTH_MOD_DIF/weights.wt" },
-    { 1, 0, "", "",
-      "0 25/1.000/0/50/mesh/topo.dat/gzinv3d.mtx/grav.obs/start.sus/ref.sus/0.0001 2 3 4.5/weights.wt/low.bnd/0" },
+    { 1, 0, "", "", "0 25/1.000/0/50/mesh/topo.dat/gzinv3d.mtx/grav.obs/start.sus/ref.sus/0.0001 2 3 4.5/weights.wt/low.bnd/0" },
     { 2, 0, "", "mesh/grav.obs/topo.dat/1/12.5 3/daub4/2 0.005",
       "0/3/ .5  .02/grav.obs/gzinv3d.mtx/start.sus/ref.sus/low.bnd/0.0001 2 3 4.5/weights.wt/0" },
     { 5, 0, "GRAV/mesh/grav.obs/topo.dat/1/12.5 3", "mesh/grav.obs/topo.dat/depth_weight.txt/daub4/2 0.005/1",
@@ -57,7 +55,11 @@ void given_three_components(GivenCreation & given, InversionDefinition & definit
     definition.mag_declination = -30;
 }
 
-#define CHANGE(...) [](GivenCreation & g, InversionDefinition & d) { (void) g, (void) d; __VA_ARGS__; }
+#define CHANGE(...)                                                                                                              \
+    [](GivenCreation & g, InversionDefinition & d) {                                                                             \
+        (void)g, (void)d;                                                                                                        \
+        __VA_ARGS__;                                                                                                             \
+    }
 
 const LineCase sensitivity_cases[] = {
     { "no topography", 2, 0, CHANGE(d.topo_type = 1), 3, "null" },
@@ -72,8 +74,9 @@ const LineCase sensitivity_cases[] = {
     { "no background topo", 4, 1, CHANGE(d.wavelet_mode = 0; d.background_topo = not_set), 7, "null" },
     { "no background topo", 4, 1, CHANGE(d.background_topo = not_set), 7, "2 0.005" },
     { "calculated", 4, 2, CHANGE(d.obs_data_type_count = 2; d.calc_data_type_count = 1), 4, "1 3 2" },
-    { "calculated", 4, 2, CHANGE(d.obs_data_type_count = 2; d.obs_data_types[1] = 6; d.calc_data_type_count = 1;
-                                 d.calc_data_types[0] = 0), 8, "2 6 0" },
+    { "calculated", 4, 2,
+      CHANGE(d.obs_data_type_count = 2; d.obs_data_types[1] = 6; d.calc_data_type_count = 1; d.calc_data_types[0] = 0), 8,
+      "2 6 0" },
     { "three components", 4, 100, CHANGE(d.calc_data_type_count = 1), 4, "1 3 2" },
     { "three components", 4, 100, CHANGE(d.calc_data_type_count = 1), 8, "20 21 22" },
     { "azimuth", 4, 3, CHANGE(d.line_azimuth = 45.25F), 8, "3 0 45.3" },
@@ -131,7 +134,7 @@ const LineCase inversion_cases[] = {
     { "variation", 3, 1, CHANGE(g.mode = CreateMode::variation), 8, "low.bnd" },
     { "variation", 4, 1, CHANGE(g.mode = CreateMode::variation), 8, R"(..\low.bnd)" },
     { "variation", 5, 0, CHANGE(g.mode = CreateMode::variation), 9, R"(..\up.bnd)" },
-    { "value", 4, 1, CHANGE(g.mode = CreateMode::variation; d.model_bounds[0] = "0 1"), 8, R"(..\0 1)" },
+    { "value", 4, 1, CHANGE(g.mode = CreateMode::variation; d.model_bounds[0] = "-0.5"), 8, "-0.5" },
     { "rock", 2, 0, CHANGE(g.in_use.rock_properties = true; d.rock_property_application = 2), 8, "grav3d_bounds.den" },
     { "rock", 4, 0, CHANGE(g.in_use.rock_properties = true), 8, "grav3d_bounds.den" },
     { "rock", 4, 1, CHANGE(g.in_use.rock_properties = true; d.rock_property_application = 1), 8, "low.bnd" },
@@ -174,8 +177,8 @@ TEST(solver_inputs, given_each_method_then_the_whole_inputs)
         SCOPED_TRACE(row.method);
         const GivenCreation given(row.method, row.data_type);
         const Creation creation = given.creation();
-        if (*row.weights) EXPECT_EQ(joined(weight_input_lines(creation)), row.weights);
-        if (*row.sensitivity) EXPECT_EQ(joined(sensitivity_input_lines(creation)), row.sensitivity);
+        EXPECT_EQ(*row.weights ? joined(weight_input_lines(creation)) : "", row.weights);
+        EXPECT_EQ(*row.sensitivity ? joined(sensitivity_input_lines(creation)) : "", row.sensitivity);
         EXPECT_EQ(joined(inversion_input_lines(creation, SolverStart::fresh)), row.inversion);
     }
 }
@@ -198,6 +201,20 @@ TEST(solver_inputs, given_one_change_then_its_line_in_the_inversion_input)
         row.change(given, given.definition);
         EXPECT_EQ(line_of(inversion_input_lines(given.creation(), SolverStart::fresh), row.line), row.expected);
     }
+}
+
+TEST(solver_inputs, given_a_restart_then_the_first_line_says_so)
+{
+    const std::pair<std::int32_t, const char *> rows[] = { { 3, "1" }, { 1, "1 25" }, { 4, "1 1" }, { 5, "3" } };
+    for (const auto & [method, expected] : rows)
+        EXPECT_EQ(inversion_input_lines(GivenCreation(method, 1).creation(), SolverStart::restart)[0], expected);
+}
+
+TEST(solver_inputs, given_a_wavelet_outside_the_list_then_a_fault_and_no_blank_name)
+{
+    GivenCreation given(2, 0);
+    given.definition.wavelet_type = 10;
+    EXPECT_THROW(sensitivity_input_lines(given.creation()), SubscriptFault);
 }
 
 TEST(solver_inputs, given_each_method_and_mode_then_its_files_and_threads)
