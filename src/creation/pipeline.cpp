@@ -38,10 +38,6 @@ struct Run {
 
     std::string file(const std::string & name) const { return creation.folder + name; }
     bool has_topo_file() const { return definition.topo_type == 0; }
-    const char * by_class(const char * gravity, const char * magnetic) const
-    {
-        return file_class(definition) == FileClass::gravity ? gravity : magnetic;
-    }
 };
 
 bool is_own_solver(const InversionDefinition & definition) { return definition.inversion_method == 4; }
@@ -99,7 +95,7 @@ void write_mesh_and_model(Run & run)
 
     run.host.progress.line("Writing inversion model file");
     run.host.progress.step("Write model file");
-    write_model_file(run.file(run.by_class("model.den", "model.sus")), run.mesh, whole_mesh(run.mesh), run.cell_model, {},
+    write_model_file(run.file(run.creation.files().starting_model), run.mesh, whole_mesh(run.mesh), run.cell_model, {},
                      run.host.progress);
 }
 
@@ -122,8 +118,8 @@ void read_observed_data(Run & run)
 /// of the observed data themselves.
 const char * reference_file_name(const Run & run)
 {
-    if (is_own_solver(run.definition) && run.definition.data_integration_time > 0) return run.by_class("grav.obs", "mag.obs");
-    return run.by_class("grav.ref", "mag.ref");
+    const ClassFiles & files = run.creation.files();
+    return is_own_solver(run.definition) && run.definition.data_integration_time > 0 ? files.observed : files.reference;
 }
 
 void write_observed_data(Run & run)
@@ -134,7 +130,7 @@ void write_observed_data(Run & run)
     };
     run.host.progress.line("Writing observed data for use in the inversion");
     run.host.progress.step("Write observed data");
-    if (write(false, run.by_class("grav.obs", "mag.obs")) == 0)
+    if (write(false, run.creation.files().observed) == 0)
         throw Fault("none of the " + general_text(run.readings.read_count) + " readings of the observed data file " +
                     run.definition.data_file[0] +
                     " can be used: none that has a value and a position lies over the core of the mesh. Check the columns and "

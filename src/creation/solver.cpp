@@ -24,8 +24,8 @@ constexpr Solver solvers[] = {
     { 4, own, "", "", "qvsen3d", "qvinv3d", "mag3d_ref.sus", true, "QVerror", "QVextract", in_each_variation },
 };
 
-constexpr ClassFiles gravity_files = { "grav.obs", "grav3d_ref.den", "grav3d_bounds.den" };
-constexpr ClassFiles magnetic_files = { "mag.obs", "mag3d_ref.sus", "mag3d_bounds.sus" };
+constexpr ClassFiles gravity_files = { "grav.obs", "grav.ref", "model.den", "grav3d_ref.den", "grav3d_bounds.den" };
+constexpr ClassFiles magnetic_files = { "mag.obs", "mag.ref", "model.sus", "mag3d_ref.sus", "mag3d_bounds.sus" };
 
 }
 

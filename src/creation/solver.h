@@ -35,6 +35,8 @@ const Solver & solver_of(std::int32_t method);
 /// The file names that depend on gravity or magnetic alone.
 struct ClassFiles {
     const char * observed;
+    const char * reference; ///< the observed data once more, with line names
+    const char * starting_model;
     const char * rock_reference;
     const char * rock_bounds;
 };
