@@ -27,7 +27,8 @@ void reset_point_transform(PointTransform & transform);
 void normalise_point_transform(PointTransform & transform);
 /// Takes x, y and z through the transform, in place. A missing z stays. Does nothing unless both scales are above 0.
 void apply_point_transform(const PointTransform & transform, TransformDirection direction, double & x, double & y, double & z);
-/// Turns the transform into its inverse.
+/// Turns the transform into its inverse. One defined by two points only changes its points and elevation fields: its rotation
+/// and scales follow when it is defined from those points again.
 void invert_point_transform(PointTransform & transform);
 
 /// A pair of points in the original and the new system.
