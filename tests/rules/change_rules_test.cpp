@@ -3,78 +3,60 @@
 #include "support/fault.h"
 
 #include <gtest/gtest.h>
+#include <sstream>
 
 namespace {
 
 constexpr int own_position = 6;
 
-struct ControlName {
-    const char * name;
-    int index = 0;
-};
-
 struct VisibilityCase {
-    const char * states; // by position in the list of methods: V shown, H hidden, - as it was
-    std::vector<ControlName> controls;
+    const char * states;   // by position in the list of methods: V shown, H hidden, - as it was
+    const char * controls; // each with its index when that is not 0
 };
 
 const VisibilityCase visibility_cases[] = {
-    { "VVVHHHV", { { "Frame_field" } } }, // at the end of the change to a magnetic own inversion
-    { "VVVHVVV",
-      { { "Frame_magsen3d", 0 },
-        { "Frame_magsen3d", 1 },
-        { "Label_inversion_mode", 0 },
-        { "Label_inversion_mode", 1 },
-        { "Combo_inversion_mode" },
-        { "Text_inversion_par" },
-        { "Check_generate_inversion_variation" } } },
-    { "HHHVHHH", { { "Frame_gravity_parameters" } } },
-    { "HVVHVVV", { { "Frame_parameter_bounds" } } },
-    { "VVVHVVH", { { "Label_inversion_mode", 2 }, { "Text_inversion_tolc" } } },
-    { "HHHHHHV",
-      { { "Label_inversion_iter" },
-        { "Text_max_iter" },
-        { "Label_data_type", 0 },
-        { "Combo_data_type", 0 },
-        { "Frame_background_removal_method" },
-        { "Label_qvinv3d_positivity" },
-        { "Combo_qvinv3d_positivity" },
-        { "Check_topo_shift" },
-        { "Check_use_cluster_controller" } } },
-    { "HHHHHHH",
-      { { "Combo_data_type", 1 }, { "Combo_data_type", 2 }, { "Label_data_type", 1 }, { "Check_update_data_files" } } },
-    { "HHHHHH-", { { "Combo_optional_data_type" } } },
-    { "-HV-HVH",
-      { { "Text_depth_weighting_file", 1 },
-        { "Command_depth_weighting_file", 1 },
-        { "Label_smoothness_method" },
-        { "Combo_smoothness_method" },
-        { "Label_NumThreads" },
-        { "Text_NumThreads" },
-        { "Check_OutputDebugInformation" } } },
-    { "VVVVVVH", { { "Check_do_expanded" } } },
-    { "VVVVVVV", { { "Check_create_weighting_file" }, { "Text_weight_multipliers" } } },
+    { "VVVHHHV", "Frame_field" }, // at the end of the change to a magnetic own inversion
+    { "VVVHVVV", "Frame_magsen3d Frame_magsen3d(1) Label_inversion_mode Label_inversion_mode(1) Combo_inversion_mode" },
+    { "VVVHVVV", "Text_inversion_par Check_generate_inversion_variation" },
+    { "HHHVHHH", "Frame_gravity_parameters" },
+    { "HVVHVVV", "Frame_parameter_bounds" },
+    { "VVVHVVH", "Label_inversion_mode(2) Text_inversion_tolc" },
+    { "HHHHHHV", "Label_inversion_iter Text_max_iter Label_data_type Combo_data_type Frame_background_removal_method" },
+    { "HHHHHHV", "Label_qvinv3d_positivity Combo_qvinv3d_positivity Check_topo_shift Check_use_cluster_controller" },
+    { "HHHHHHH", "Combo_data_type(1) Combo_data_type(2) Label_data_type(1) Check_update_data_files" },
+    { "HHHHHH-", "Combo_optional_data_type" },
+    { "-HV-HVH", "Text_depth_weighting_file(1) Command_depth_weighting_file(1) Label_smoothness_method Combo_smoothness_method" },
+    { "-HV-HVH", "Label_NumThreads Text_NumThreads Check_OutputDebugInformation" },
+    { "VVVVVVH", "Check_do_expanded" },
+    { "VVVVVVV", "Check_create_weighting_file Text_weight_multipliers" },
 };
 
-bool visible_after(StartedSetup & started, int method, const ControlName & control, bool before)
+Control & named(StartedSetup & started, const std::string & name)
 {
-    started.setup.form(control.name, control.index).visible = before;
+    const auto bracket = name.find('(');
+    return started.setup.form(name.substr(0, bracket), bracket == std::string::npos ? 0 : name[bracket + 1] - '0');
+}
+
+bool visible_after(StartedSetup & started, int method, const std::string & control, bool before)
+{
+    named(started, control).visible = before;
     started.pick("Combo_inversion_method", method);
-    return started.setup.form(control.name, control.index).visible;
+    return named(started, control).visible;
 }
 
 TEST(methods, given_each_when_chosen_then_the_controls_it_needs_are_shown)
 {
     StartedSetup started;
     for (const VisibilityCase & row : visibility_cases) {
-        for (const ControlName & control : row.controls) {
+        std::istringstream controls(row.controls);
+        for (std::string control; controls >> control;) {
             std::string states;
             for (int method = 0; method < 7; ++method) {
                 const bool from_shown = visible_after(started, method, control, true);
                 const bool from_hidden = visible_after(started, method, control, false);
                 states += from_shown != from_hidden ? '-' : from_shown ? 'V' : 'H';
             }
-            EXPECT_EQ(states, row.states) << control.name << " " << control.index;
+            EXPECT_EQ(states, row.states) << control;
         }
     }
 }
@@ -117,6 +99,11 @@ TEST(methods, given_a_mode_that_the_new_family_lacks_then_none_is_chosen_and_it_
     started.pick("Combo_inversion_method", 0);
     EXPECT_EQ(started.setup.form["Combo_inversion_mode"].position, -1);
     EXPECT_EQ(started.setup.definition.inversion_mode, 4);
+
+    started.setup.definition.inversion_method = 4;
+    show_solver(started.setup);
+    EXPECT_EQ(chosen_code(started.setup.form["Combo_inversion_mode"], -1), 4);
+    EXPECT_FALSE(started.setup.form["Frame_field"].visible); // the first list's second place hides it until its type is shown
 }
 
 TEST(data_types, given_a_change_then_only_untouched_defaults_follow)
@@ -251,8 +238,8 @@ TEST(variation, given_it_is_on_then_what_may_differ_is_green_until_gravity_v2_dr
         EXPECT_EQ(form("Command_create_inversion", 1).visible, !on);
         EXPECT_EQ(form("Command_create_inversion", 2).visible, on);
         EXPECT_EQ(form["Check_update_data_files"].visible, on);
-        for (const ControlName & mark : { ControlName{ "Label_alpha", 3 }, { "Label_model", 4 }, { "Label_inversion_mode", 4 } })
-            EXPECT_EQ(form(mark.name, mark.index).back_colour, on ? 65280 : Control::window_colour);
+        for (const char * mark : { "Label_alpha(3)", "Label_model(4)", "Label_inversion_mode(4)", "Option_alphas(1)" })
+            EXPECT_EQ(named(started, mark).back_colour, on ? 65280 : Control::window_colour) << mark;
         EXPECT_EQ(form("Label_inversion_mode", 2).back_colour, Control::window_colour);
     };
     expect(false);
