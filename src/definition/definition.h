@@ -18,11 +18,11 @@ struct InversionDefinition {
     std::string description;
     PointTransform coordinate_transform; ///< from data to mesh coordinates
 
-    // data types; a seventh place, because a file may hold seven types and only six are ever looked at
+    // data types; seven places, because a file may hold seven types, though only six are ever looked at
     std::int32_t obs_data_type_count = 1;
     std::array<std::int32_t, 7> obs_data_types = { 1, -1, -1, -1, -1, -1, -1 };
     std::int32_t calc_data_type_count = 0;
-    std::array<std::int32_t, 6> calc_data_types = { -1, -1, -1, -1, -1, -1 };
+    std::array<std::int32_t, 7> calc_data_types = { -1, -1, -1, -1, -1, -1, -1 };
     float line_azimuth = 0;                     ///< degrees clockwise from north
     std::array<std::string, 6> data_type_names; ///< derived by the check
     std::array<std::string, 6> matrix_files;    ///< derived by the check

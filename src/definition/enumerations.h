@@ -32,6 +32,7 @@ struct DataType {
     const char * short_name;
     const char * matrix_file;
     const char * caption;
+    const char * list_text; ///< in the lists of the form; null for a type that only a definition file can bring
 };
 
 /// The row of a type code; one that is not in the table reads as "Gz", "QVinv3D.mtx", "Obs data".
