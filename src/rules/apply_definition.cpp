@@ -157,7 +157,7 @@ void load_mag3d_form(Setup & setup, const InversionDefinition & given, Selection
     const Loading loading(setup.loading);
     if (selection == Selection::all) {
         setup.definition = record;
-        repair_tiles(setup.definition);
+        copy_block(InversionDefinition(), Block::tiles, setup.definition); // tiles take effect below, in refined mode only
     }
     if (wanted(Selection::parameters)) take_block(setup, record, Block::parameters, &repair_parameters, &show_parameters);
     if (wanted(Selection::observed_data))

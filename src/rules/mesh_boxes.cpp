@@ -247,9 +247,9 @@ void display_inversion_mesh(Setup & setup)
         show(setup, "Text_cell_size", axis, definition.mesh_cell_size[a]);
         show_count(setup, "Text_num_cells", axis, definition.mesh_cells[a]);
     }
-    // The number of lower cells is left to be typed anew, whatever the record holds.
-    setup.form("Text_num_cells", 3).text = "0";
-    show_count(setup, "Text_num_cells", 4, definition.mesh_cells[2]);
+    // The lower part's own count, not 0: this box is read again by the next check, which would lose the lower part silently.
+    show_count(setup, "Text_num_cells", 3, definition.mesh_cells[3]);
+    show_count(setup, "Text_num_cells", 4, add_counts(definition.mesh_cells[2], definition.mesh_cells[3]));
     setup.form("Text_min_val", 3).text = format_number(definition.mesh_min[3], "0.0");
     display_cell_counts(setup);
     show_ranges(setup);

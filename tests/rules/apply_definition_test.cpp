@@ -144,7 +144,7 @@ TEST(loading, given_what_a_control_cannot_show_then_the_record_is_repaired_or_ke
     EXPECT_EQ(started.setup.form("Combo_data_type", 0).position, -1);
     EXPECT_EQ(held.obs_data_types[0], 100);
     EXPECT_EQ(started.setup.form["Command_define_coordinate_transform"].back_colour, 255);
-    EXPECT_EQ(held.tile_x_size, 64); // kept, but without effect in simple mode
+    EXPECT_EQ(held.tile_x_size, 128); // no effect in simple mode
     EXPECT_EQ(started.text("Text_x_tile_size"), "128");
     EXPECT_EQ(held.refinement_mode, 1);
     EXPECT_EQ(started.setup.refinement_mode, 0);
