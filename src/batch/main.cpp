@@ -1,1 +1,199 @@
-int main() { return 0; }
+#include "batch/commands.h"
+#include "batch/terminal_host.h"
+#include "support/fault.h"
+#include "support/paths.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <map>
+
+namespace {
+
+constexpr int exit_bad = 1;
+constexpr int exit_usage = 2;
+constexpr int exit_interrupted = 130;
+
+/// A path of the command line, made absolute before any command changes the current folder.
+std::string absolute_definition_path(const std::string & host)
+{
+    return definition_path(std::filesystem::absolute(std::filesystem::path(host)).lexically_normal());
+}
+
+int exit_status(Status status, Dialogs & dialogs)
+{
+    if (status == Status::stopped) {
+        dialogs.message("Stopped. What had been written stays, and is not complete");
+        return exit_interrupted;
+    }
+    return status == Status::good ? 0 : exit_bad;
+}
+
+/// The command line: its parser, the values that it fills, and what to run.
+struct CommandLine {
+    CLI::App parser{ "Prepares three-dimensional inversions of magnetic and gravity data from the command line.",
+                     "zeb_qvinv3d_batch" };
+    std::function<Status(Host &)> run;
+    bool yes = false;
+    std::string debug_log;
+
+    CreateOptions create;
+    std::string base_mesh, base_model, tile_order;
+    std::vector<std::string> skip_tiles;
+    SaveOptions save;
+    std::string check;
+    TransformOptions transform;
+};
+
+void add_create(CommandLine & line)
+{
+    CLI::App * const command = line.parser.add_subcommand("create", "Write the inversion folder of a definition");
+    command->add_option("DEFINITION", line.create.definition, "definition file")->required();
+    command->add_option("--output", line.create.output, "folder of the inversion")->required();
+    command->add_option("--mode", line.create.mode, "what to write")
+        ->check(CLI::IsMember({ "all", "parameters", "variation", "variation-data" }))
+        ->capture_default_str();
+    command->add_option("--base-mesh", line.base_mesh, "mesh to refine (not available yet)");
+    command->add_option("--base-model", line.base_model, "model on that mesh (not available yet)");
+    command->add_option("--skip-tile", line.skip_tiles, "tile to leave out, XX,YY (not available yet)");
+    command->add_option("--tile-order", line.tile_order, "tile order, A,B,C (not available yet)");
+    command->add_flag("--yes", line.yes, "answer every question with Yes");
+    command->callback([&line] {
+        line.run = [&line](Host & host) {
+            if (!line.base_mesh.empty() || !line.base_model.empty() || !line.skip_tiles.empty() || !line.tile_order.empty()) {
+                host.dialogs.message("Base meshes and tiles are not available yet");
+                return Status::bad;
+            }
+            line.create.definition = absolute_definition_path(line.create.definition);
+            line.create.output = absolute_definition_path(line.create.output);
+            return create_command(line.create, host);
+        };
+    });
+}
+
+void add_check(CommandLine & line)
+{
+    CLI::App * const command = line.parser.add_subcommand("check", "Check a definition; prints valid when it passes");
+    command->add_option("DEFINITION", line.check, "definition file")->required();
+    command->add_option("--base-mesh", line.base_mesh, "mesh to refine (not available yet)");
+    command->add_option("--base-model", line.base_model, "model on that mesh (not available yet)");
+    command->add_flag("--yes", line.yes, "answer every question with Yes");
+    command->callback([&line] {
+        line.run = [&line](Host & host) {
+            if (!line.base_mesh.empty() || !line.base_model.empty()) {
+                host.dialogs.message("Base meshes are not available yet");
+                return Status::bad;
+            }
+            return check_command(absolute_definition_path(line.check), host);
+        };
+    });
+}
+
+void add_save(CommandLine & line)
+{
+    CLI::App * const command =
+        line.parser.add_subcommand("save", "Check a definition, or a part of it put into another, and save it");
+    command->add_option("DEFINITION", line.save.definition, "definition file")->required();
+    command->add_option("--output", line.save.output, "definition file to write")->required();
+    const std::map<std::string, Selection> parts = { { "all", Selection::all },
+                                                     { "parameters", Selection::parameters },
+                                                     { "data", Selection::observed_data },
+                                                     { "topo", Selection::topography },
+                                                     { "mesh", Selection::mesh } };
+    command->add_option("--select", line.save.selection, "part to take from DEFINITION")
+        ->transform(CLI::CheckedTransformer(parts))
+        ->default_str("all")
+        ->type_name("PART");
+    command->add_option("--into", line.save.into, "definition file to put that part into");
+    command->add_flag("--yes", line.yes, "answer every question with Yes");
+    command->callback([&line] {
+        line.run = [&line](Host & host) {
+            line.save.definition = absolute_definition_path(line.save.definition);
+            line.save.output = absolute_definition_path(line.save.output);
+            if (!line.save.into.empty()) line.save.into = absolute_definition_path(line.save.into);
+            return save_command(line.save, host);
+        };
+    });
+}
+
+void add_transform(CommandLine & line)
+{
+    CLI::App * const command =
+        line.parser.add_subcommand("transform", "Transform points (x y [z], one a line) from standard input");
+    auto * const source = command->add_option_group("source");
+    source->add_option("--crd", line.transform.transform_file, "coordinate transformation file");
+    source->add_option("--definition", line.transform.definition, "definition file");
+    source->require_option(1);
+    command->add_flag("--inverse", line.transform.inverse, "from mesh to data coordinates");
+    command->callback([&line] {
+        line.run = [&line](Host & host) {
+            if (!line.transform.transform_file.empty())
+                line.transform.transform_file = absolute_definition_path(line.transform.transform_file);
+            if (!line.transform.definition.empty())
+                line.transform.definition = absolute_definition_path(line.transform.definition);
+            return transform_command(line.transform, host);
+        };
+    });
+}
+
+void add_later_commands(CommandLine & line)
+{
+    for (const char * name : { "limits", "mesh", "model", "grid", "igrf", "start" }) {
+        CLI::App * const command = line.parser.add_subcommand(name, "not available yet");
+        command->allow_extras();
+        command->callback([&line, name] {
+            line.run = [name](Host & host) {
+                host.dialogs.message(std::string(name) + " is not available yet");
+                return Status::bad;
+            };
+        });
+    }
+}
+
+int run_command(CommandLine & line)
+{
+    TerminalDialogs dialogs;
+    dialogs.answer_yes = line.yes;
+    TerminalProgress progress;
+    NoSettings settings;
+    NoLauncher launcher;
+    DebugLog debug;
+    if (!line.debug_log.empty()) {
+        debug.level = 1;
+        debug.file = absolute_definition_path(line.debug_log);
+    }
+    Host host{ dialogs, progress, settings, launcher, debug };
+    watch_for_interrupt();
+    try {
+        const Status status = line.run(host);
+        if (std::fflush(stdout) != 0) throw Fault("cannot write to standard output");
+        return exit_status(status, dialogs);
+    } catch (const Stopped &) {
+        return exit_status(Status::stopped, dialogs);
+    } catch (const std::exception & fault) {
+        dialogs.message(fault.what());
+        return exit_bad;
+    }
+}
+
+}
+
+int main(int argument_count, char ** arguments)
+{
+    CommandLine line;
+    line.parser.set_version_flag("--version", std::string("zeb_qvinv3d_batch ") + PROGRAM_VERSION);
+    line.parser.add_option("--debug-log", line.debug_log, "write a numbered log of what is done to this file");
+    line.parser.require_subcommand(1);
+    add_create(line);
+    add_check(line);
+    add_save(line);
+    add_transform(line);
+    add_later_commands(line);
+    try {
+        line.parser.parse(argument_count, arguments);
+    } catch (const CLI::ParseError & error) {
+        return line.parser.exit(error) == 0 ? 0 : exit_usage;
+    }
+    return run_command(line);
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "definition/definition_file.h"
+#include "rules/setup.h"
+
+#include <string>
+#include <vector>
+
+/// One run of a program: the setup and what surrounds it. The commands of the form work on this.
+struct Session {
+    Setup setup;
+    std::vector<std::string> recent_files; ///< newest first, at most `most_recent_files`
+};
+
+inline constexpr std::size_t most_recent_files = 6;
+
+/// Shows a fresh definition and derives its mesh.
+void start_session(Session & session, Host & host);
+
+/// Puts a path at the head of the recent files, where it stands once, and keeps the list in the settings.
+void add_file_to_MRU(Session & session, const std::string & path, Host & host);

@@ -1,0 +1,140 @@
+#include "batch/commands.h"
+
+#include "app/create_command.h"
+#include "app/file_commands.h"
+#include "app/form_progress.h"
+#include "rules/change_rules.h"
+#include "rules/validation.h"
+#include "support/numbers.h"
+#include "support/paths.h"
+#include "support/text.h"
+#include "utilities/transform_file.h"
+
+#include <cstdio>
+#include <iostream>
+
+namespace {
+
+/// A session whose form follows the progress that the terminal shows.
+struct BatchSession {
+    explicit BatchSession(Host & display)
+        : progress(session.setup.form, display), host{ display.dialogs, progress, display.settings, display.launcher,
+                                                                display.debug }
+    {
+        start_session(session, host);
+    }
+
+    Session session;
+    FormProgress progress;
+    Host host;
+};
+
+/// The output folder as the three boxes of the form hold it: its parent and its bare name.
+void set_output_folder(Setup & setup, std::string folder)
+{
+    while (folder.size() > 1 && folder.ends_with('\\')) folder.pop_back();
+    const std::string name = file_name_of_path(folder);
+    const std::string parent = folder.substr(0, folder.size() - name.size());
+    const std::string drive = drive_of_path(parent);
+    setup.form["Drive1"].text = drive.empty() ? "\\" : drive; // where no drives exist all folders are on the one root
+    setup.form["Dir1"].text = parent;
+    setup.form["Text_directory_name"].text = name;
+}
+
+int create_button(const std::string & mode)
+{
+    if (mode == "all") return 0;
+    return mode == "parameters" ? 1 : 2;
+}
+
+/// A point as read from a line: two numbers, or three.
+struct Point {
+    double x = 0, y = 0, z = 0;
+    bool has_z = false;
+};
+
+bool take_point(std::string_view line, Point & point)
+{
+    double * const places[] = { &point.x, &point.y, &point.z };
+    int count = 0;
+    while (!trim(line).empty()) {
+        const std::string_view token = next_token(line);
+        if (count == 3 || !is_numeric(token)) return false;
+        *places[count++] = leading_number(token);
+    }
+    point.has_z = count == 3;
+    return count >= 2;
+}
+
+Status read_transform(const TransformOptions & options, PointTransform & transform, Host & display)
+{
+    if (!options.transform_file.empty()) return read_transform_file(options.transform_file, transform, display.dialogs);
+    InversionDefinition record;
+    if (read_inversion_parameter_file(options.definition, Selection::parameters, record, display.dialogs) != Status::good)
+        return Status::bad;
+    transform = record.coordinate_transform;
+    normalise_point_transform(transform);
+    return Status::good;
+}
+
+}
+
+Status create_command(const CreateOptions & options, Host & display)
+{
+    BatchSession batch(display);
+    Setup & setup = batch.session.setup;
+    if (read_definition(batch.session, options.definition, Selection::all, batch.host) != Status::good) return Status::bad;
+    if (setup.definition.refinement_mode != setup.refinement_mode) {
+        display.dialogs.message("The definition is of a refined (tiled) inversion, which is not available yet: " +
+                                options.definition);
+        return Status::bad;
+    }
+    set_output_folder(setup, options.output);
+    if (options.mode == "variation-data") {
+        setup.form["Check_update_data_files"].on = true;
+        form_changed(setup, "Check_update_data_files", 0, batch.host);
+    }
+    return press_create_inversion(batch.session, create_button(options.mode), batch.host);
+}
+
+Status check_command(const std::string & definition, Host & display)
+{
+    BatchSession batch(display);
+    if (read_definition(batch.session, definition, Selection::all, batch.host) != Status::good) return Status::bad;
+    std::optional<ValidatedDefinition> validated;
+    const Status status = check_inversion_definitions(batch.session.setup, validated, batch.host);
+    if (status == Status::good) std::puts("valid");
+    return status;
+}
+
+Status save_command(const SaveOptions & options, Host & display)
+{
+    BatchSession batch(display);
+    if (!options.into.empty() && read_definition(batch.session, options.into, Selection::all, batch.host) != Status::good)
+        return Status::bad;
+    if (read_definition(batch.session, options.definition, options.selection, batch.host) != Status::good) return Status::bad;
+    return save_definition(batch.session, options.output, batch.host);
+}
+
+Status transform_command(const TransformOptions & options, Host & display)
+{
+    PointTransform transform;
+    if (read_transform(options, transform, display) != Status::good) return Status::bad;
+    const TransformDirection direction = options.inverse ? TransformDirection::inverse : TransformDirection::forward;
+    std::string line;
+    for (std::int32_t number = 1; std::getline(std::cin, line); ++number) {
+        if (line.ends_with('\r')) line.pop_back();
+        if (trim(line).empty()) continue;
+        Point point;
+        if (!take_point(line, point)) {
+            display.dialogs.message("line " + general_text(number) +
+                                    " of the input is not a point of two or three numbers: " + line);
+            return Status::bad;
+        }
+        if (transform.in_use) apply_point_transform(transform, direction, point.x, point.y, point.z);
+        std::string text = general_text(point.x) + " " + general_text(point.y);
+        if (point.has_z) text += " " + general_text(point.z);
+        std::puts(text.c_str());
+    }
+    return Status::good;
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "definition/definition_file.h"
+#include "host/host.h"
+#include "support/status.h"
+
+#include <string>
+
+// The commands of the command line. Paths are definition paths, absolute where the current folder may change before they are
+// used.
+
+/// What `create` was asked for.
+struct CreateOptions {
+    std::string definition;
+    std::string output;
+    std::string mode = "all"; ///< all, parameters, variation or variation-data
+};
+
+Status create_command(const CreateOptions & options, Host & display);
+Status check_command(const std::string & definition, Host & display);
+
+/// What `save` was asked for.
+struct SaveOptions {
+    std::string definition;
+    std::string output;
+    std::string into; ///< empty: nothing to take a part over into
+    Selection selection = Selection::all;
+};
+
+Status save_command(const SaveOptions & options, Host & display);
+
+/// What `transform` was asked for: one of the two files.
+struct TransformOptions {
+    std::string transform_file;
+    std::string definition;
+    bool inverse = false;
+};
+
+/// Reads points from standard input and prints them transformed.
+Status transform_command(const TransformOptions & options, Host & display);

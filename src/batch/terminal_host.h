@@ -1,0 +1,56 @@
+#pragma once
+
+#include "host/host.h"
+
+/// Message boxes as lines on standard error. Questions are answered No, or Yes throughout; prompts are cancelled.
+class TerminalDialogs : public Dialogs {
+public:
+    bool answer_yes = false;
+
+    void message(const std::string & text) override;
+    bool question(const std::string & text) override;
+    std::optional<std::string> open_file(const FileDialog &) override { return std::nullopt; }
+    std::optional<std::string> save_file(const FileDialog &) override { return std::nullopt; }
+    std::optional<std::string> choose_folder(const std::string &, const std::string &) override { return std::nullopt; }
+    std::optional<std::string> input(const std::string &, const std::string &, const std::string &) override
+    {
+        return std::nullopt;
+    }
+};
+
+/// Finished lines on standard output; on a terminal also a bar with the step's words on standard error. An interrupt (Ctrl-C) is
+/// the user's Stop and takes effect at the next report.
+class TerminalProgress : public Progress {
+public:
+    TerminalProgress();
+
+    void begin() override {}
+    void end() override;
+    void line(const std::string & text) override;
+    void step(const std::string & text) override;
+    void percent(int percent) override;
+
+private:
+    void draw(int percent);
+    void clear_bar();
+
+    std::string step_;
+    bool on_terminal_;
+    bool bar_shown_ = false;
+};
+
+/// Takes interrupts from now on as the user's Stop.
+void watch_for_interrupt();
+
+/// Settings are the desktop program's; a batch run leaves no trace in them.
+class NoSettings : public SettingsStore {
+public:
+    std::string read(const std::string &, const std::string &, const std::string & start) override { return start; }
+    bool write(const std::string &, const std::string &, const std::string &) override { return false; }
+};
+
+/// Starting a run is not on offer yet.
+class NoLauncher : public ScriptLauncher {
+public:
+    void start(const std::string & folder, const std::string & script) override;
+};

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "fakes/temporary_folder.h"
+
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#ifndef _WIN32
+#include <sys/wait.h>
+#endif
+
+/// What a run of the program left behind.
+struct BatchRun {
+    int status = -1;
+    std::string output; ///< standard output
+    std::string errors; ///< standard error
+};
+
+/// Runs the program with standard input, output and error apart. Arguments are quoted for the shell.
+/// before: what the shell does first, for a run under limits.
+inline BatchRun run_batch(const std::vector<std::string> & arguments, std::string_view input = {},
+                          const std::string & before = {})
+{
+    const TemporaryFolder streams;
+    streams.write("in", input);
+    const auto quoted = [](const std::string & text) { return "'" + text + "'"; };
+    const auto stream = [&](const char * name) { return quoted(host_path(streams.file(name)).string()); };
+    std::string command = before + quoted(BATCH_PROGRAM);
+    for (const std::string & argument : arguments) command += " " + quoted(argument);
+    command += " <" + stream("in") + " >" + stream("out") + " 2>" + stream("err");
+    const int status = std::system(command.c_str());
+    BatchRun run;
+#ifdef _WIN32
+    run.status = status;
+#else
+    run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+#endif
+    run.output = streams.read("out");
+    run.errors = streams.read("err");
+    return run;
+}
+
+/// The host path of a file of the folder, for the command line.
+inline std::string host_file(const TemporaryFolder & folder, const std::string & name)
+{
+    return host_path(folder.file(name)).string();
+}
