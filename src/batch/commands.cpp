@@ -19,7 +19,7 @@ namespace {
 struct BatchSession {
     explicit BatchSession(Host & display)
         : progress(session.setup.form, display), host{ display.dialogs, progress, display.settings, display.launcher,
-                                                                display.debug }
+                                                       display.debug }
     {
         start_session(session, host);
     }
