@@ -9,7 +9,7 @@
 /// Points as read from a location file, in the order of the file and in mesh coordinates.
 struct ObservedData {
     std::int32_t point_count = 0;
-    List<std::int32_t> line_index;       ///< 0 when no line column is read
+    List<std::int32_t> line_index;       ///< empty when no line column is read; 0 before the first line name
     std::array<List<double>, 3> xyz;     ///< metres; a missing z is -1e32
     std::array<List<float>, 3> value;    ///< empty where the column is not read; missing -1e32
     std::int32_t line_count = 0;         ///< changes of the line name seen

@@ -13,10 +13,15 @@ LocationSource location_source(const InversionDefinition & definition, int slot)
 
 /// The readings of one run.
 struct ObservedReadings {
-    std::int32_t read_count = 0; ///< points in the file
+    std::int32_t read_count = 0; ///< points in the file, used or not
     SelectedData selected;
     AllPoints all;
 };
+
+/// Goes through points as read and keeps, per surface cell, the one nearest its centre with its sensor elevation. A tie keeps the
+/// earlier one. `readings` comes out sized to the mesh.
+void select_point_readings(const ObservedData & points, const InversionDefinition & definition, const UbcMesh & mesh,
+                           const TopoSurface & topo, ObservedReadings & readings, Host & host);
 
 /// Reads the observed data and keeps, per surface cell, the reading nearest its centre with its sensor elevation.
 ///

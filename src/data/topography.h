@@ -18,13 +18,16 @@ struct TopoSurface {
     List<float> node_topo;        ///< elevation at each mesh node; for the own solver only
 };
 
-/// Makes the surface from scattered points. Bad, after a message, with fewer than 5 points in or near the mesh or all on one
-/// line.
+/// Makes the surface from the points in the mesh and up to one edge cell around it, and from a ring of points at their mean
+/// elevation around the mesh; dummy elevations do not count.
+///
+/// Bad, after a message, with fewer than 5 points or all on one line, or on a run-time fault; `topo` is then as it was.
 Status interpolate_topo_points(const ObservedData & points, const InversionDefinition & definition, const UbcMesh & mesh,
                                TopoSurface & topo, Host & host);
 
 /// Marks air cells in the cell model (cells numbered x fastest, then y, then z from the top; -1.0 is air) and lifts readings that
-/// would lie less than 0.1 m above the ground's cells.
+/// would lie less than 0.1 m above the ground's cells. Without a surface the mesh top is the ground. The own solver's readings
+/// stay.
 Status process_inversion_topo(const InversionDefinition & definition, const UbcMesh & mesh, const TopoSurface & topo,
                               SelectedData & selected, List<float> & cell_model, Host & host);
 

@@ -4,6 +4,9 @@
 #include <span>
 
 /// A Delaunay triangulation of scattered points with elevations, evaluated by linear interpolation within its triangles.
+///
+/// All decisions are exact, so the triangles do not depend on the order of the points. For one thread at a time: `at` remembers
+/// where it was.
 class Triangulation {
 public:
     Triangulation();
@@ -11,7 +14,8 @@ public:
     Triangulation(Triangulation &&) noexcept;
     Triangulation & operator=(Triangulation &&) noexcept;
 
-    /// Builds it from points of equal count. Of points at the same place the first counts. False when all points lie on one line.
+    /// Builds it from lists of equal length; x and y are finite. Of points at the same place the first counts. False when all
+    /// points lie on one line.
     bool build(std::span<const double> x, std::span<const double> y, std::span<const double> z);
 
     /// The elevation at a position, -1e32 outside the hull. Quick when asked for neighbouring positions one after the other.

@@ -41,12 +41,6 @@ constexpr DataType data_types[] = {
 
 constexpr DataType unknown_data_type = { -1, "Gz", "QVinv3D.mtx", "Obs data", nullptr };
 
-const std::vector<ListItem> ubc_mode_items = {
-    { "1: Tradeoff from line search", 0 },
-    { "2: Tradeoff is user defined", 0 }, // the same code on purpose: once stored, it cannot be told from the first
-    { "3: Tradeoff from GCV analysis", 2 },
-};
-
 /// The types that lists show, in their order, with their own codes.
 std::vector<ListItem> listed_data_types()
 {
@@ -103,7 +97,12 @@ std::vector<ListItem> inversion_method_items()
 
 std::vector<ListItem> inversion_mode_items(MethodFamily family)
 {
-    if (family != MethodFamily::own) return ubc_mode_items;
+    if (family != MethodFamily::own)
+        return {
+            { "1: Tradeoff from line search", 0 },
+            { "2: Tradeoff is user defined", 0 }, // on purpose: once stored, it cannot be told from the first
+            { "3: Tradeoff from GCV analysis", 2 },
+        };
     return numbered({ "Normal 3D", "Equivalent Source", "Apparent den/susc", "Surface + Apparent den/susc",
                       "3D volume with edge correction" });
 }

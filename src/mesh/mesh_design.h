@@ -16,6 +16,9 @@ struct Padding {
 /// Bad, without a message, when an item is not a number above 0.
 Status decode_padding_cells(const InversionDefinition & definition, Padding & padding);
 
+/// Sums both lists as they were last parsed.
+void sum_padding(Padding & padding);
+
 /// `decode_padding_cells`, then the cells of each axis with padding. Padding lies at both ends in x and y and at the bottom in z,
 /// where a lower part replaces it.
 Status calculate_cell_counts(const InversionDefinition & definition, Padding & padding);
@@ -23,7 +26,8 @@ Status calculate_cell_counts(const InversionDefinition & definition, Padding & p
 /// Builds the design mesh of an untiled inversion from the limits, cell sizes and counts of the definition.
 ///
 /// Bad, with the mesh as it was, when a count is below 1. In mode 4 the z limits of the definition become depths below a zero
-/// top. A padding list that does not parse keeps its last sums. Counts beyond 32 bits are an `OverflowFault`.
+/// top. A padding list that does not parse keeps its last items and sum. Counts beyond 32 bits, the cells of the whole mesh
+/// among them, are an `OverflowFault`.
 Status determine_inversion_mesh(InversionDefinition & definition, Padding & padding, UbcMesh & mesh);
 
 /// The elevation of the bottom of the lower z part: `cells` cells below `bottom`, the first of size `cell_size`, each

@@ -2,10 +2,19 @@
 
 #include "rules/setup.h"
 
+#include <string_view>
+
 /// Shows the column fields of slot 0 or 1 in their boxes: as numbers, or as names when the file has a line of names.
 void display_location_column_definitions(Setup & setup, int slot);
 /// Fills the list of column names of slot 0 or 1 from the name line of its file. A file that cannot be read leaves what was
 /// there.
 void load_location_column_names(Setup & setup, int slot);
-/// Shows the file of a slot, and settles what kind of file it is.
+/// Shows the file of a slot, and settles what kind of file it is. A file that cannot be read shows nothing; the check finds it.
 void display_data_file(Setup & setup, int slot);
+/// Shows which lines of the file of slot 0 or 1 are read.
+void display_data_lines(Setup & setup, int slot);
+
+/// The user went into a column box: opens the list of names over it when there are names, and notes the box.
+void open_column_names(Setup & setup, std::string_view control, int index);
+/// Applies the rule of a control of the data columns; false when the control is none of them.
+bool change_data_columns(Setup & setup, std::string_view control, int index, Host & host);

@@ -25,7 +25,7 @@ public:
 
     /// Room for at least `size` bytes (up to 64 KiB) to be formatted in place; `commit` takes them over up to `end`.
     char * room(std::size_t size);
-    void commit(char * end) { used_ = static_cast<std::size_t>(end - buffer_.data()); }
+    void commit(const char * end) { used_ = static_cast<std::size_t>(end - buffer_.data()); }
 
     /// Writes what is held back and closes; `durable` also waits until the disk has it.
     void close(bool durable = false);

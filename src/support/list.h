@@ -19,6 +19,7 @@ public:
     std::int32_t size() const { return static_cast<std::int32_t>(items_.size()); }
     bool empty() const { return items_.empty(); }
     void assign(std::int64_t count, T value = T()) { items_.assign(static_cast<std::size_t>(count), value); }
+    void reserve(std::int64_t count) { items_.reserve(static_cast<std::size_t>(count)); }
     void push_back(T item) { items_.push_back(std::move(item)); }
     void clear() { items_.clear(); }
 

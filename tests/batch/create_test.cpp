@@ -68,7 +68,8 @@ TEST(create, given_each_method_and_mode_then_just_the_files_of_it_are_written)
         };
         for (const auto & [mode, files] : modes) {
             SCOPED_TRACE(std::string(c.method) + " " + mode);
-            const TinySurvey survey({ { "Inversion method", c.method } });
+            const std::map<std::string, std::string> changes = { { "Inversion method", c.method } };
+            const TinySurvey survey(changes);
             const BatchRun run = run_batch(
                 { "create", host_file(survey.folder, "tiny.inp"), "--output", host_file(survey.folder, "out"), "--mode", mode });
             EXPECT_EQ(run.status, 0) << run.errors;

@@ -1,0 +1,234 @@
+#include "data/topography.h"
+#include "fakes/recorded_host.h"
+#include "fakes/temporary_folder.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+
+namespace {
+
+void set_axis(const List<double> & nodes, List<double> & centres, std::int32_t & cells)
+{
+    cells = nodes.size() - 1;
+    centres.clear();
+    for (std::int32_t i = 1; i <= cells; ++i) centres.push_back((nodes[i] + nodes[i + 1]) / 2);
+}
+
+UbcMesh mesh_of(List<double> nodes_x, List<double> nodes_y, List<double> nodes_z)
+{
+    UbcMesh mesh;
+    mesh.nodes_x = nodes_x, mesh.nodes_y = nodes_y, mesh.nodes_z = nodes_z;
+    set_axis(nodes_x, mesh.centres_x, mesh.total_cells[0]);
+    set_axis(nodes_y, mesh.centres_y, mesh.total_cells[1]);
+    set_axis(nodes_z, mesh.centres_z, mesh.total_cells[2]);
+    return mesh;
+}
+
+/// 4 by 3 by 3 cells.
+UbcMesh small_mesh() { return mesh_of({ 0, 10, 20, 30, 40 }, { 0, 10, 20, 30 }, { 100, 90, 70, 40 }); }
+
+struct Point {
+    double x, y, z;
+};
+
+ObservedData data_of(const std::vector<Point> & points)
+{
+    ObservedData data;
+    for (const Point & point : points) {
+        data.xyz[0].push_back(point.x);
+        data.xyz[1].push_back(point.y);
+        data.xyz[2].push_back(point.z);
+    }
+    data.point_count = data.xyz[0].size();
+    return data;
+}
+
+InversionDefinition definition_of(std::int32_t method, std::int32_t shift = 1)
+{
+    InversionDefinition definition;
+    definition.inversion_method = method;
+    definition.topo_shift_option = shift;
+    return definition;
+}
+
+const char * const too_few = "The topo data file did not contain enough data points to be meaningful";
+const char * const one_line = "All Points in the topography file are colinear";
+
+}
+
+TEST(topography, given_a_point_near_the_limits_then_it_counts_up_to_one_edge_cell_outside_and_unless_a_dummy)
+{
+    const struct {
+        Point point;
+        bool counts;
+    } cases[] = {
+        { { -10, 15, 50 }, true },      { { -10.01, 15, 50 }, false },   { { 50, 15, 50 }, true },
+        { { 50.01, 15, 50 }, false },   { { 15, -10, 50 }, true },       { { 15, -10.01, 50 }, false },
+        { { 15, 40, 50 }, true },       { { 15, 40.01, 50 }, false },    { { 15, 15, -99999.9 }, false },
+        { { 15, 15, -9998.1 }, false }, { { 15, 15, -999.95 }, false },  { { 15, 15, -997.9 }, true },
+        { { 15, 15, -9997.9 }, true },  { { 15, 15, -100000.1 }, true }, { { 15, 15, -1e32 }, false },
+    };
+    for (const auto & row : cases) {
+        RecordedHost host;
+        TopoSurface topo;
+        const auto data = data_of({ { 1, 1, 50 }, { 39, 1, 50 }, { 1, 29, 50 }, { 39, 29, 50 }, row.point });
+        const Status status = interpolate_topo_points(data, definition_of(3), small_mesh(), topo, host.host);
+        EXPECT_EQ(status, row.counts ? Status::good : Status::bad);
+        EXPECT_EQ(host.dialogs.messages, row.counts ? std::vector<std::string>() : std::vector<std::string>{ too_few });
+        EXPECT_EQ(topo.point_count, row.counts ? 26 : 0) << row.point.x << " " << row.point.y << " " << row.point.z;
+        EXPECT_EQ(topo.frame_count, row.counts ? 21 : 0); // (5 + 4) * 2 + 3
+    }
+}
+
+TEST(topography, given_points_on_one_line_then_the_message_and_an_earlier_surface_stays)
+{
+    const struct {
+        Point first, step;
+        double off; ///< of the third point in y
+        bool line;
+    } cases[] = { { { 5, 5, 50 }, { 5, 0, 1 }, 0, true },
+                  { { 5, 5, 50 }, { 0, 5, 1 }, 0, true },
+                  { { 0.1, 0.2, 50 }, { 0.1, 0.3, 1 }, 0, true },
+                  { { 5, 5, 50 }, { 0, 0, 0 }, 0, true },
+                  { { 5, 5, 50 }, { 5, 0, 1 }, 0.001, false } };
+    for (const auto & row : cases) {
+        RecordedHost host;
+        TopoSurface topo;
+        topo.cell_topo = { 7 };
+        std::vector<Point> points;
+        for (int i = 0; i < 6; ++i)
+            points.push_back({ row.first.x + i * row.step.x, row.first.y + i * row.step.y + (i == 2 ? row.off : 0), 50 });
+        const Status status = interpolate_topo_points(data_of(points), definition_of(3), small_mesh(), topo, host.host);
+        EXPECT_EQ(status, row.line ? Status::bad : Status::good) << row.step.x << " " << row.step.y;
+        EXPECT_EQ(host.dialogs.messages, row.line ? std::vector<std::string>{ one_line } : std::vector<std::string>());
+        EXPECT_EQ(topo.cell_topo.size(), row.line ? 1 : 12);
+    }
+}
+
+TEST(topography, given_points_on_a_slope_then_every_cell_and_node_lies_on_it_and_beyond_them_the_mean_counts)
+{
+    std::vector<Point> slope;
+    for (int x = -10; x <= 50; x += 5)
+        for (int y = -10; y <= 40; y += 5) slope.push_back({ double(x), double(y), 60 + 0.5 * x - 0.25 * y });
+    RecordedHost host;
+    TopoSurface topo;
+    ASSERT_EQ(interpolate_topo_points(data_of(slope), definition_of(4), small_mesh(), topo, host.host), Status::good);
+    EXPECT_EQ(host.progress.steps, std::vector<std::string>{ "Interpolate topo values" });
+    EXPECT_FLOAT_EQ(topo.cell_topo[1], 61.25F);  // at 5, 5
+    EXPECT_FLOAT_EQ(topo.cell_topo[2], 66.25F);  // at 15, 5: x fastest
+    EXPECT_FLOAT_EQ(topo.cell_topo[12], 71.25F); // at 35, 25
+    EXPECT_FLOAT_EQ(topo.node_topo[1], 60);
+    EXPECT_FLOAT_EQ(topo.node_topo[5], 80); // at 40, 0: the data count there, not the ring
+    EXPECT_FLOAT_EQ(topo.node_topo[20], 72.5F);
+
+    // five points in one corner of the mesh; far from them the ground is their mean, within every cell
+    const auto corner = data_of({ { 1, 1, 10 }, { 4, 1, 20 }, { 1, 4, 30 }, { 4, 4, 40 }, { 2, 2, 50 } });
+    ASSERT_EQ(interpolate_topo_points(corner, definition_of(3), small_mesh(), topo, host.host), Status::good);
+    EXPECT_NEAR(topo.cell_topo[12], 30, 5);
+    for (const float z : topo.cell_topo.items()) EXPECT_TRUE(z >= 10 && z <= 50) << z;
+    EXPECT_TRUE(topo.node_topo.empty());
+}
+
+TEST(topography, given_level_ground_then_the_air_cells_follow_from_the_nodes)
+{
+    const struct {
+        double ground;
+        std::int32_t method, air;
+    } cases[] = { { 120, 3, 0 }, { 100, 3, 0 }, { 99, 3, 1 }, { 90, 3, 1 }, { 89.9, 3, 2 },
+                  { 70, 0, 2 },  { 40, 1, 3 },  { 39, 2, 3 }, { 39, 4, 0 }, { 89, 4, 0 } };
+    for (const auto & row : cases) {
+        RecordedHost host;
+        TopoSurface topo;
+        const double z = row.ground;
+        const auto data = data_of({ { 1, 1, z }, { 39, 1, z }, { 1, 29, z }, { 39, 29, z }, { 20, 15, z } });
+        ASSERT_EQ(interpolate_topo_points(data, definition_of(row.method), small_mesh(), topo, host.host), Status::good);
+        EXPECT_EQ(topo.air_cells, List<std::int32_t>(12, row.air)) << row.ground << " method " << row.method;
+        EXPECT_EQ(topo.node_topo.size(), row.method == 4 ? 20 : 0);
+    }
+}
+
+TEST(topography, given_a_stop_or_a_fault_then_the_stop_passes_and_the_fault_is_told)
+{
+    RecordedHost host;
+    TopoSurface topo;
+    host.progress.stop_at_percent = 0;
+    EXPECT_THROW((void)interpolate_topo_points(data_of({}), definition_of(3), small_mesh(), topo, host.host), Stopped);
+    EXPECT_TRUE(host.dialogs.messages.empty());
+    UbcMesh no_cells;
+    no_cells.nodes_x = no_cells.nodes_y = { 0 };
+    EXPECT_EQ(interpolate_topo_points(data_of({}), definition_of(3), no_cells, topo, host.host), Status::bad);
+    EXPECT_EQ(host.dialogs.messages,
+              std::vector<std::string>{ "The following error occurred while processing the topo data file : "
+                                        "number 2 lies outside a list of 1" });
+}
+
+TEST(topography, given_air_cells_then_the_layers_above_are_marked_and_readings_lie_a_tenth_above_the_solid_ones)
+{
+    const struct {
+        std::int32_t method, points;
+        std::vector<float> z; ///< afterwards
+        std::vector<float> model;
+    } cases[] = {
+        { 3, 30, { 100.1F, 90.1F, 90.2F, 40.1F, -5 }, { 0, -1, -1, -1, -1, 0, 0, 0, -1, 0, 0, 0, 0, -1, 0 } },
+        { 4, 30, { 100.05F, 20, 90.2F, 20, -5 }, { 0, -1, -1, -1, -1, 0, 0, 0, -1, 0, 0, 0, 0, -1, 0 } },
+        { 3, 0, { 100.1F, 100.1F, 100.1F, 100.1F, -5 }, std::vector<float>(15, 0.0F) }, // no surface: the mesh top
+    };
+    const UbcMesh mesh = mesh_of({ 0, 10, 20, 30, 40, 50 }, { 0, 10 }, { 100, 90, 70, 40 });
+    for (const auto & row : cases) {
+        RecordedHost host;
+        TopoSurface topo;
+        topo.point_count = row.points;
+        topo.air_cells = { 0, 1, 1, 3, 1 };
+        SelectedData selected;
+        selected.cells_x = 5, selected.cells_y = 1;
+        selected.occupied = { 1, 1, 1, 1, 0 };
+        selected.z = { 100.05F, 20, 90.2F, 20, -5 };
+        List<float> model(15);
+        ASSERT_EQ(process_inversion_topo(definition_of(row.method), mesh, topo, selected, model, host.host), Status::good);
+        EXPECT_TRUE(std::ranges::equal(selected.z.items(), row.z)) << row.method << " " << row.points;
+        EXPECT_TRUE(std::ranges::equal(model.items(), row.model)) << row.method << " " << row.points;
+    }
+}
+
+TEST(topography, given_a_mesh_of_two_columns_then_topo_dat_is_as_the_solvers_read_it)
+{
+    const UbcMesh mesh = mesh_of({ 1000, 1010, 1030 }, { -5, 5 }, { 100, 90, 70 });
+    TopoSurface topo;
+    topo.point_count = 30;
+    topo.cell_topo = { 95.25F, -72.00005F }; // the second as it stands in a float: -72.0000534
+    topo.air_cells = { 1, 2 };
+    topo.node_topo = { 1, 2, 3, 4, 5, 123456.78F };
+    const struct {
+        std::int32_t method, shift;
+        const char * text;
+    } cases[] = {
+        { 3, 1,
+          " 2 \r\n"
+          "     1005.0000        0.0000       90.0000       95.2500\r\n"
+          "     1020.0000        0.0000       70.0000      -72.0001\r\n" },
+        { 2, 0,
+          " 2 \r\n"
+          "     1005.0000        0.0000       95.2500       90.0000\r\n"
+          "     1020.0000        0.0000      -72.0001       70.0000\r\n" },
+        { 1, 1,
+          " 2 1 \r\n"
+          "             1             1             1\r\n"
+          "             2             1             2\r\n" },
+        { 4, 1,
+          " 8 \r\n"
+          "     1000.0000       -5.0000        1.0000        1.0000\r\n"
+          "     1010.0000       -5.0000        2.0000        2.0000\r\n"
+          "     1030.0000       -5.0000        3.0000        3.0000\r\n"
+          "     1000.0000        5.0000        4.0000        4.0000\r\n"
+          "     1010.0000        5.0000        5.0000        5.0000\r\n"
+          "     1030.0000        5.0000   123456.7813   123456.7813\r\n"
+          "     1005.0000        0.0000       95.2500       95.2500\r\n"
+          "     1020.0000        0.0000      -72.0001      -72.0001\r\n" },
+    };
+    const TemporaryFolder folder;
+    for (const auto & row : cases) {
+        RecordedHost host;
+        write_topo_file(folder.file("topo.dat"), definition_of(row.method, row.shift), mesh, topo, host.host);
+        EXPECT_EQ(folder.read("topo.dat"), row.text) << row.method << " " << row.shift;
+    }
+}

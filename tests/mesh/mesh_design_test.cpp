@@ -1,0 +1,126 @@
+#include "mesh/mesh_design.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// 3 x 2 x 2 cells of 100 x 50 x 30 m from (1000, 0), top at 500, without padding.
+InversionDefinition small_core()
+{
+    InversionDefinition definition;
+    definition.mesh_min = { 1000, 0, 440, 440 };
+    definition.mesh_max = { 1300, 100, 500, 0 };
+    definition.mesh_cell_size = { 100, 50, 30, 1 };
+    definition.mesh_cells = { 3, 2, 2, 0 };
+    definition.add_padding_cells = 0;
+    return definition;
+}
+
+struct Built {
+    Padding padding;
+    UbcMesh mesh;
+    Status status;
+    explicit Built(InversionDefinition definition) { status = determine_inversion_mesh(definition, padding, mesh); }
+};
+
+}
+
+TEST(determine_inversion_mesh, given_padding_then_the_last_item_lies_outermost_and_z_is_padded_at_the_bottom_alone)
+{
+    InversionDefinition definition = small_core();
+    definition.add_padding_cells = 1;
+    definition.padding_multipliers = { "1,2", "1,3" };
+    const auto [padding, mesh, status] = Built(definition);
+    ASSERT_EQ(status, Status::good);
+    EXPECT_EQ(mesh.total_cells, (std::array{ 7, 6, 4 }));
+    EXPECT_EQ(mesh.widths_x, (List<double>{ 200, 100, 100, 100, 100, 100, 200 }));
+    EXPECT_EQ(mesh.nodes_x, (List<double>{ 700, 900, 1000, 1100, 1200, 1300, 1400, 1600 }));
+    EXPECT_EQ(mesh.nodes_y, (List<double>{ -150, -50, 0, 50, 100, 150, 250 }));
+    EXPECT_EQ(mesh.nodes_z, (List<double>{ 500, 470, 440, 410, 320 }));
+    EXPECT_EQ(mesh.nodes_z_ascending, (List<double>{ 320, 410, 440, 470, 500 }));
+    EXPECT_EQ(mesh.centres_z, (List<double>{ 485, 455, 425, 365 }));
+    EXPECT_EQ((std::array{ mesh.nodes_x[mesh.core_x_first], mesh.nodes_x[mesh.core_x_last] }), (std::array{ 1000.0, 1300.0 }));
+    EXPECT_EQ((std::array{ mesh.nodes_y[mesh.core_y_first], mesh.nodes_y[mesh.core_y_last] }), (std::array{ 0.0, 100.0 }));
+    EXPECT_EQ((std::array{ mesh.nodes_z[mesh.core_z_first], mesh.nodes_z[mesh.core_z_last] }), (std::array{ 500.0, 440.0 }));
+    EXPECT_EQ((std::array{ mesh.core_x_start, mesh.core_x_end, mesh.mesh_z_bottom }), (std::array{ 700.0, 1600.0, 320.0 }));
+}
+
+TEST(determine_inversion_mesh, given_a_lower_part_then_it_replaces_the_padding_in_z)
+{
+    InversionDefinition definition = small_core();
+    definition.mesh_cell_size = { 100, 50, 10, 1.5 };
+    definition.mesh_cells = { 3, 2, 2, 3 };
+    definition.mesh_min[2] = 480;
+    definition.mesh_min[3] = lower_part_bottom(480, 10, 1.5, 3);
+    definition.add_padding_cells = 1;
+    const auto [padding, mesh, status] = Built(definition);
+    ASSERT_EQ(status, Status::good);
+    EXPECT_EQ(mesh.widths_z, (List<double>{ 10, 10, 10, 15, 22.5 }));
+    EXPECT_EQ(mesh.mesh_z_bottom, 432.5);
+    EXPECT_EQ(mesh.nodes_z[6], 432.5);
+    EXPECT_EQ(mesh.core_z_last, 6);
+}
+
+TEST(determine_inversion_mesh, given_mode_4_then_the_limits_become_depths_once)
+{
+    InversionDefinition definition = small_core();
+    definition.inversion_mode = 4;
+    definition.mesh_min[3] = 430;
+    Padding padding;
+    UbcMesh mesh;
+    for (int time = 0; time < 2; ++time) {
+        ASSERT_EQ(determine_inversion_mesh(definition, padding, mesh), Status::good);
+        EXPECT_EQ(definition.mesh_min, (std::array{ 1000.0, 0.0, -60.0, -70.0 }));
+        EXPECT_EQ(definition.mesh_max[2], 0);
+        EXPECT_EQ(mesh.nodes_z, (List<double>{ 0, -30, -60 }));
+    }
+}
+
+TEST(determine_inversion_mesh, given_counts_that_cannot_be_then_the_mesh_stays)
+{
+    const std::array<std::int32_t, 4> too_many[] = { { 2147483647, 1, 1, 0 }, { 3, 2, 2147483647, 1 }, { 50000, 50000, 2, 0 } };
+    InversionDefinition definition = small_core();
+    Padding padding;
+    UbcMesh mesh;
+    ASSERT_EQ(determine_inversion_mesh(definition, padding, mesh), Status::good);
+    for (const auto & cells : too_many) {
+        definition.mesh_cells = cells;
+        EXPECT_THROW((void)determine_inversion_mesh(definition, padding, mesh), OverflowFault);
+    }
+    for (const std::size_t axis : { 0, 1, 2 }) {
+        definition = small_core();
+        definition.mesh_cells[axis] = 0;
+        EXPECT_EQ(determine_inversion_mesh(definition, padding, mesh), Status::bad);
+    }
+    EXPECT_EQ(mesh.nodes_x, (List<double>{ 1000, 1100, 1200, 1300 }));
+}
+
+TEST(padding, given_texts_then_items_are_counted_or_refused)
+{
+    struct Case {
+        const char * text;
+        Status status;
+        std::int32_t count;
+    };
+    for (const Case & c : { Case{ "1,2,4,8", Status::good, 4 }, Case{ " 1 , 2.5 ", Status::good, 2 }, Case{ "", Status::good, 0 },
+                            Case{ "1,2,x", Status::bad, 0 }, Case{ "1,0", Status::bad, 0 }, Case{ "1,-2", Status::bad, 0 },
+                            Case{ "1,2,", Status::bad, 0 }, Case{ "1,,2", Status::bad, 0 } }) {
+        InversionDefinition definition = small_core();
+        definition.add_padding_cells = 1;
+        definition.padding_multipliers = { c.text, "" };
+        Padding padding;
+        EXPECT_EQ(calculate_cell_counts(definition, padding), c.status) << c.text;
+        EXPECT_EQ(padding.count_xy, c.count) << c.text;
+        if (c.status != Status::good) continue;
+        EXPECT_EQ(padding.total_cells, (std::array{ 3 + 2 * c.count, 2 + 2 * c.count, 2 })) << c.text;
+    }
+}
+
+TEST(padding, given_items_then_their_sum_is_single_at_each_addition)
+{
+    InversionDefinition definition = small_core();
+    definition.add_padding_cells = 1;
+    definition.mesh_cell_size[0] = 1;
+    definition.padding_multipliers = { "16777216,1,1", "" }; // 2^24 + 1 has no place in 24 bits
+    EXPECT_EQ(Built(definition).mesh.core_x_start, 1000 - 16777216.0);
+}

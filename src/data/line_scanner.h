@@ -1,0 +1,56 @@
+#pragma once
+
+#include "support/text_file.h"
+
+#include <string>
+#include <string_view>
+
+/// How a text is taken apart into lines.
+enum class LineReader {
+    raw,      ///< as `read_raw_line` does: all bytes stay
+    printable ///< as `read_text_line` does
+};
+
+/// Gives the lines of a file exactly as `read_raw_line` or `read_text_line` would, but without copying them.
+///
+/// The text is examined in blocks of whole lines. A block without odd bytes is taken apart in place; in any other the line
+/// readers themselves do the work. Tabs may be left as they are where they can only stand between fields.
+class LineScanner {
+public:
+    LineScanner(TextFile & file, LineReader reader);
+
+    /// The next line, valid until the next call; false at the end of the file.
+    bool next(std::string_view & line)
+    {
+        if (at_ < plain_end_ && take_plain(line)) return true;
+        return next_examined(line);
+    }
+
+    /// True once after each block: a good moment to tell of progress.
+    bool block_begun()
+    {
+        const bool begun = block_begun_;
+        block_begun_ = false;
+        return begun;
+    }
+    std::int64_t bytes_read() const { return at_ - text_.data(); }
+    std::int64_t bytes_total() const { return static_cast<std::int64_t>(text_.size()); }
+
+private:
+    bool take_plain(std::string_view & line);
+    bool next_examined(std::string_view & line);
+    bool read_oddly(std::string_view & line);
+    void examine_block();
+
+    TextFile & file_;
+    LineReader reader_;
+    std::string_view text_;
+    const char * at_;        // the next byte to be read
+    const char * block_end_; // what has been examined
+    const char * plain_end_; // equal to block_end_ in a block without odd bytes, otherwise no further than `at_`
+    bool block_begun_ = false;
+    std::string odd_line_;
+};
+
+/// About how many lines a text holds: its line feeds, or its carriage returns where it has no line feed.
+std::int64_t estimate_line_count(std::string_view text);

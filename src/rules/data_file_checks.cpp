@@ -1,0 +1,185 @@
+#include "grid/grid_detection.h"
+#include "rules/box_checks.h"
+#include "rules/validation.h"
+#include "rules/validation_steps.h"
+#include "support/numbers.h"
+#include "support/paths.h"
+#include "support/text.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int observed_points = 0, topography = 1, slot_count = 6;
+constexpr std::int32_t text_kind = 0, grid_kind = 1, database_kind = 2;
+constexpr std::int32_t grid_data = 1;
+
+std::string & file_of(Setup & setup, int slot) { return setup.definition.data_file[static_cast<std::size_t>(slot)]; }
+bool is_set(Setup & setup, int slot) { return !trim(file_of(setup, slot)).empty(); }
+
+Status refuse_grid(const std::string & path, Host & host)
+{
+    return refuse("Gridded files are not available yet: " + file_name_of_path(path) +
+                      ". Export the grid to a point file (.xyz or .csv) and use that",
+                  host);
+}
+
+/// What a file is judged to be. Fails for a kind that the slot, or this program, cannot take.
+Status settle_kind(Setup & setup, int slot, Host & host)
+{
+    const std::string & path = file_of(setup, slot);
+    const std::string name = file_name_of_path(path);
+    std::int32_t & kind = setup.definition.data_kind[static_cast<std::size_t>(slot)];
+    const bool is_grid = is_grid_file(path);
+    kind = is_grid ? grid_kind : same_text(file_extension_of_path(path), "GDB") ? database_kind : text_kind;
+    if (slot > topography && !is_grid) return refuse("The grid file format could not be dertermined for the file: " + name, host);
+    if (slot > topography) return Status::good;
+    if (is_grid) return refuse_grid(path, host);
+    if (kind == database_kind)
+        return refuse("Databases are not available here: " + name +
+                          ". Export the channels to a point file (.xyz or .csv) and use that",
+                      host);
+    return Status::good;
+}
+
+Status check_observed_columns(Setup & setup, Host & host)
+{
+    using Definition = InversionDefinition;
+    constexpr BoxCheck boxes[] = {
+        { "Text_UBC_locations_valcount", 0, "The nuber of values per cell is not numeric", Limit::not_negative,
+          "The nuber of values per cell must be non-negative", &Definition::data_values_per_cell },
+        { "Text_UBC_integration_interval", 0, "The integration interval is not numeric", Limit::not_negative,
+          "The integration interval cannot be negative", &Definition::data_integration_time },
+    };
+    if (setup.definition.data_value_column[0] < 1) return refuse("The mag column location must be defined", host);
+    return check_boxes(setup, boxes, host);
+}
+
+/// The boxes of the lines. Only text files have a first line to speak of.
+Status take_lines(Setup & setup, int slot, Host & host)
+{
+    const auto s = static_cast<std::size_t>(slot);
+    InversionDefinition & definition = setup.definition;
+    const BoxCheck first_line = { "Text_UBC_locations_nhead", slot, "The number of the first data line is not numeric",
+                                  Limit::positive, "The number of the first data line must be positive" };
+    if (definition.data_kind[s] == text_kind && check_box(setup, first_line, host) != Status::good) return Status::bad;
+    const auto count = [&](const char * box) { return round_to_count(box_number(setup, box, slot)); };
+    definition.data_first_line[s] = std::max(1, count("Text_UBC_locations_nhead"));
+    definition.data_read_step[s] = std::max(1, count("Text_UBC_locations_nstep"));
+    definition.data_name_line[s] = count("Text_UBC_locations_name_line");
+    return Status::good;
+}
+
+Status check_columns(Setup & setup, int slot, Host & host)
+{
+    const auto s = static_cast<std::size_t>(slot);
+    InversionDefinition & definition = setup.definition;
+    if (definition.data_x_column[s] < 1) return refuse("The X column location must be defined", host);
+    if (definition.data_y_column[s] < 1) return refuse("The Y column location must be defined", host);
+    if (slot == topography && definition.data_z_column[s] < 1) return refuse("The Z column location must be defined", host);
+    if (slot == observed_points && check_observed_columns(setup, host) != Status::good) return Status::bad;
+
+    std::int32_t highest = std::max({ definition.data_x_column[s], definition.data_y_column[s], definition.data_z_column[s] });
+    if (slot == observed_points)
+        highest = std::max(
+            { highest, definition.data_value_column[0], definition.data_line_column, definition.data_extra_value_column });
+    definition.data_max_column[s] = highest;
+    if (highest >= 3) return Status::good;
+    const std::string of = slot == observed_points ? "observed data" : "topo data";
+    return refuse("There are not enough distinct fields for the " + of + " file", host);
+}
+
+Status take_elevation_offset(Setup & setup, int slot, Host & host)
+{
+    if (slot >= static_cast<int>(setup.definition.elevation_offset.size())) return Status::good;
+    const BoxCheck box = { "Text_UBC_elevation_offset", slot, "The elevation offset value is not numeric" };
+    if (check_box(setup, box, host) != Status::good) return Status::bad;
+    setup.definition.elevation_offset[static_cast<std::size_t>(slot)] = to_f32(box_number(setup, box.control, slot));
+    return Status::good;
+}
+
+/// A slot whose file the user is asked for when it has gone.
+struct FileSlot {
+    int slot;
+    const char * prompt;
+    const char * not_found;
+};
+
+constexpr FileSlot observed_slot = { 0, "Observed Data file", "The specified observed data file does not exist" };
+constexpr FileSlot topography_slot = { 1, "Topo file", "The topo file does not exist" };
+constexpr FileSlot grid_slot = { 2, "Observed Data Grid file", "The observed data grid file does not exist" };
+constexpr FileSlot component_slots[] = {
+    { 3, "Observed data component 2 file", "The observed data 2 grid file does not exist" },
+    { 4, "Observed data component 3 file", "The observed data 3 grid file does not exist" },
+};
+constexpr FileSlot sensor_slot = { 5, "Sensor grid file", "The sensor grid file does not exist" };
+
+Status find_slot_file(Setup & setup, const FileSlot & row, Host & host)
+{
+    std::string path = file_of(setup, row.slot);
+    if (!find_file(path).empty()) return Status::good;
+    if (!locate_missing_file(row.prompt, path, host)) return refuse(row.not_found, host);
+    file_of(setup, row.slot) = path;
+    setup.form("Text_data_locations", row.slot).text = path;
+    return Status::good;
+}
+
+Status find_and_check(Setup & setup, const FileSlot & row, Host & host)
+{
+    if (find_slot_file(setup, row, host) != Status::good) return Status::bad;
+    return check_file_definitions(setup, row.slot, host);
+}
+
+}
+
+Status check_file_definitions(Setup & setup, int slot, Host & host)
+{
+    if (slot < 0 || slot >= slot_count) return Status::bad;
+    if (!is_set(setup, slot)) return refuse("No data location file has been specified", host);
+    if (find_file(file_of(setup, slot)).empty()) return refuse("The specified data location file does not exist", host);
+    if (settle_kind(setup, slot, host) != Status::good) return Status::bad;
+    if (setup.definition.data_kind[static_cast<std::size_t>(slot)] != grid_kind) {
+        if (take_lines(setup, slot, host) != Status::good || check_columns(setup, slot, host) != Status::good) return Status::bad;
+    }
+    if (take_elevation_offset(setup, slot, host) != Status::good) return Status::bad;
+    normalise_point_transform(setup.definition.coordinate_transform);
+    setup.current_transform = setup.definition.coordinate_transform;
+    return Status::good;
+}
+
+bool locate_missing_file(const std::string & description, std::string & path, Host & host)
+{
+    const auto picked = host.dialogs.open_file({ "Locate the missing file: " + description, "All files (*.*)|*.*", path, "" });
+    if (picked) path = *picked;
+    return picked.has_value();
+}
+
+Status check_observed_file(Setup & setup, Host & host)
+{
+    if (setup.definition.data_file_type == grid_data) return Status::good;
+    if (!is_set(setup, observed_points)) return refuse("The observed data file must be specified", host);
+    return find_and_check(setup, observed_slot, host);
+}
+
+Status check_topography_file(Setup & setup, Host & host)
+{
+    if (setup.definition.topo_type != 0) return Status::good;
+    if (is_set(setup, topography)) return find_and_check(setup, topography_slot, host);
+    setup.definition.topo_type = 1;
+    setup.form("Check_topo_type", 0).on = false;
+    setup.form("Check_topo_type", 1).on = true;
+    return Status::good;
+}
+
+Status check_grid_files(Setup & setup, Host & host)
+{
+    if (setup.definition.data_file_type != grid_data) return Status::good;
+    if (!is_set(setup, grid_slot.slot)) return refuse("The observed data grid file must be specified", host);
+    if (find_and_check(setup, grid_slot, host) != Status::good) return Status::bad;
+    for (const FileSlot & row : component_slots)
+        if (is_set(setup, row.slot) && find_slot_file(setup, row, host) != Status::good) return Status::bad;
+    for (const FileSlot & row : component_slots)
+        if (is_set(setup, row.slot) && check_file_definitions(setup, row.slot, host) != Status::good) return Status::bad;
+    if (is_set(setup, sensor_slot.slot) && find_and_check(setup, sensor_slot, host) != Status::good) return Status::bad;
+    return refuse_grid(file_of(setup, grid_slot.slot), host);
+}
