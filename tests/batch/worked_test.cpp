@@ -30,8 +30,10 @@ std::string first_difference(const std::string & expected, const std::string & a
     std::string lines[2];
     for (int number = 1;; ++number) {
         for (int i = 0; i < 2; ++i) {
-            lines[i] = "(no line)";
-            if (std::getline(texts[i], lines[i])) lines[i] = "\"" + lines[i] + (texts[i].eof() ? "\", no line end" : "\"");
+            if (std::getline(texts[i], lines[i]))
+                lines[i] = "\"" + lines[i] + (texts[i].eof() ? "\", no line end" : "\"");
+            else
+                lines[i] = "(no line)";
         }
         if (lines[0] == lines[1]) continue;
         for (std::string & line : lines)
