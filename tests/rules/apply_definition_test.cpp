@@ -132,6 +132,8 @@ TEST(loading, given_what_a_control_cannot_show_then_the_record_is_repaired_or_ke
     record.coordinate_transform.elevation_shift = 5;
     record.tile_x_size = 64;
     record.refinement_mode = 1;
+    record.slog_scaling = record.topo_shift_option = record.add_padding_cells = 2;
+    record.alpha_mode = record.topo_type = 2;
     started.load(record);
     const InversionDefinition & held = started.setup.definition;
     EXPECT_EQ(held.inversion_method, 4);
@@ -140,6 +142,8 @@ TEST(loading, given_what_a_control_cannot_show_then_the_record_is_repaired_or_ke
     EXPECT_EQ(held.obs_scale_value, 1);
     EXPECT_EQ(held.use_cluster_controller, 0);
     EXPECT_EQ(held.tile_coarse_model, 2);
+    EXPECT_EQ(held.slog_scaling + held.topo_shift_option + held.add_padding_cells, 0);
+    EXPECT_TRUE(held.alpha_mode == 1 && held.topo_type == 1);
     EXPECT_EQ(started.text("Text_inversion_background_topo"), "");
     EXPECT_EQ(started.setup.form("Combo_data_type", 0).position, -1);
     EXPECT_EQ(held.obs_data_types[0], 100);
