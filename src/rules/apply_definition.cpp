@@ -156,8 +156,9 @@ void load_mag3d_form(Setup & setup, const InversionDefinition & given, Selection
     const auto wanted = [&](Selection block) { return selection == Selection::all || selection == block; };
     const Loading loading(setup.loading);
     if (selection == Selection::all) {
-        setup.definition = record;
-        copy_block(InversionDefinition(), Block::tiles, setup.definition); // tiles take effect below, in refined mode only
+        InversionDefinition taken = record;
+        copy_block(setup.definition, Block::tiles, taken); // tiles take effect below, in refined mode only
+        setup.definition = taken;
     }
     if (wanted(Selection::parameters)) take_block(setup, record, Block::parameters, &repair_parameters, &show_parameters);
     if (wanted(Selection::observed_data))

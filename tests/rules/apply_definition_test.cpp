@@ -172,6 +172,10 @@ TEST(loading, given_a_refined_definition_in_refined_mode_then_its_tiles_are_show
     EXPECT_EQ(started.text("Text_x_tile_size"), "64");
     EXPECT_EQ(chosen_text(started.setup.form("Combo_tile_order", 2)), "Right to Left");
     EXPECT_EQ(started.setup.definition.use_cluster_controller, 0); // by the method, whatever the record says
+
+    started.load(InversionDefinition()); // a simple one: record and form keep the tiles
+    EXPECT_EQ(started.text("Text_x_tile_size"), "64");
+    EXPECT_EQ(started.setup.definition.tile_x_size, 64);
 }
 
 TEST(loading, given_no_errors_then_they_are_those_of_method_and_type)
