@@ -129,9 +129,7 @@ void take_tile_boxes(Setup & setup)
                              { "Text_tile_overlap", &InversionDefinition::tile_overlap },
                              { "Text_blend_overlap", &InversionDefinition::tile_blend },
                              { "Text_z_blend", &InversionDefinition::tile_z_blend } };
-    // A box that has never been shown is blank and says nothing.
-    for (const Row & row : rows)
-        if (!setup.form[row.box].text.empty()) setup.definition.*row.field = leading_count(setup.form[row.box].text);
+    for (const Row & row : rows) setup.definition.*row.field = leading_count(setup.form[row.box].text);
 }
 
 void take_lower_part(Setup & setup)

@@ -26,6 +26,7 @@ Setup filled_setup(RecordedHost & host)
     fill(setup, 2, "0", "100", "10");
     setup.form("Text_cell_size", 3).text = "1";
     setup.form("Text_padding_multipliers", 0).text = setup.form("Text_padding_multipliers", 1).text = "1,2";
+    setup.form["Text_x_tile_size"].text = "64";
     EXPECT_EQ(unload_mesh_from_form(setup, -1, false, host.host), Status::good);
     return setup;
 }
@@ -126,7 +127,7 @@ TEST(unload_mesh, given_the_first_build_then_the_totals_and_outer_limits_are_sho
     // The design mesh ends at -30; its padding is counted once more.
     EXPECT_EQ((Texts{ text(setup, "Text_min_elev"), text(setup, "Text_max_elev"), text(setup, "Text_range_elev") }),
               (Texts{ "-60", "100", "160" }));
-    EXPECT_EQ(setup.definition.tile_x_size, 128);
+    EXPECT_EQ((std::array{ setup.definition.tile_x_size, setup.definition.tile_overlap }), (std::array{ 64, 0 }));
 }
 
 TEST(unload_mesh, given_more_cells_than_can_be_counted_then_the_unloading_ends_or_leaves_the_product_out)
