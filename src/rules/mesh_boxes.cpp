@@ -129,9 +129,7 @@ void take_tile_boxes(Setup & setup)
                              { "Text_tile_overlap", &InversionDefinition::tile_overlap },
                              { "Text_blend_overlap", &InversionDefinition::tile_blend },
                              { "Text_z_blend", &InversionDefinition::tile_z_blend } };
-    // A box that has never been shown is blank and says nothing.
-    for (const Row & row : rows)
-        if (!setup.form[row.box].text.empty()) setup.definition.*row.field = leading_count(setup.form[row.box].text);
+    for (const Row & row : rows) setup.definition.*row.field = leading_count(setup.form[row.box].text);
 }
 
 void take_lower_part(Setup & setup)
@@ -217,8 +215,10 @@ Status take_mesh_boxes(Setup & setup, int axis, bool keep_maximum, Host & host)
     const bool built = setup.design_mesh.total_cells[0] > 0 && setup.design_mesh.total_cells[1] > 0;
     if (setup.refinement_mode != normal_mode || !built) {
         take_tile_boxes(setup);
+        const std::string lower_cells = setup.form("Text_num_cells", 3).text; // taken below; the build shows the record's
         if (build_design_mesh(setup, host) != Status::good)
             return setup.refinement_mode == normal_mode ? Status::good : Status::bad;
+        setup.form("Text_num_cells", 3).text = lower_cells;
     }
     for (const int a : axes) snap_second(setup, a);
     if (axes.back() == 2) take_lower_part(setup);
