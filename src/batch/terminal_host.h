@@ -41,6 +41,8 @@ private:
 
 /// Takes interrupts from now on as the user's Stop.
 void watch_for_interrupt();
+/// Fails with `Stopped` once an interrupt has come. For work that reports no progress.
+void stop_if_interrupted();
 
 /// Settings are the desktop program's; a batch run leaves no trace in them.
 class NoSettings : public SettingsStore {
