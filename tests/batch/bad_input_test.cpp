@@ -183,3 +183,16 @@ TEST(bad_input, given_an_output_that_cannot_be_a_folder_then_nothing_that_was_th
     EXPECT_EQ(conflict.status, 1);
     EXPECT_EQ(conflict.errors, messages({ "The output directory name conflicts with the output file names" }));
 }
+
+TEST(bad_input, given_a_standard_output_that_is_full_then_it_is_said)
+{
+    const TinySurvey survey;
+    const std::string definition = "'" + host_file(survey.folder, "tiny.inp") + "'";
+    const std::string output = "'" + host_file(survey.folder, "out") + "'";
+    for (const std::string & arguments :
+         { "check " + definition, "create --mode parameters " + definition + " --output " + output,
+           "transform --definition " + definition }) {
+        const std::string run = "echo 1 2 | '" BATCH_PROGRAM "' " + arguments + " >/dev/full 2>/dev/null";
+        EXPECT_EQ(WEXITSTATUS(std::system(run.c_str())), 1) << arguments;
+    }
+}
