@@ -154,9 +154,9 @@ void add_later_commands(CommandLine & line)
 
 int run_command(CommandLine & line)
 {
-    TerminalDialogs dialogs;
-    dialogs.answer_yes = line.yes;
     TerminalProgress progress;
+    TerminalDialogs dialogs(progress);
+    dialogs.answer_yes = line.yes;
     NoSettings settings;
     NoLauncher launcher;
     DebugLog debug;

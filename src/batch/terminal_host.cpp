@@ -58,10 +58,15 @@ void stop_if_interrupted()
     if (interrupted != 0) throw Stopped();
 }
 
-void TerminalDialogs::message(const std::string & text) { std::fprintf(stderr, "message: %s\n", joined(text).c_str()); }
+void TerminalDialogs::message(const std::string & text)
+{
+    progress_.clear_bar();
+    std::fprintf(stderr, "message: %s\n", joined(text).c_str());
+}
 
 bool TerminalDialogs::question(const std::string & text)
 {
+    progress_.clear_bar();
     std::fprintf(stderr, "question: %s -> %s\n", joined(text).c_str(), answer_yes ? "Yes" : "No");
     return answer_yes;
 }
