@@ -181,6 +181,8 @@ int run_command(CommandLine & line)
 
 }
 
+// What is thrown before the command runs is a fault of the program, not of its user, and ends it.
+// NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argument_count, char ** arguments)
 {
     CommandLine line;

@@ -60,7 +60,7 @@ void copy_observed_data(const Record & from, Record & to)
     copy_fields(from, observed_data_fields, to);
     to.sensor_offset() = from.sensor_offset();
     to.sensor_min_height() = from.sensor_min_height();
-    for (std::size_t slot : { 0, 2, 3, 4, 5 }) to.data_file[slot] = from.data_file[slot];
+    for (std::size_t slot : { 0U, 2U, 3U, 4U, 5U }) to.data_file[slot] = from.data_file[slot];
     copy_columns(from, 0, to);
 }
 
@@ -141,7 +141,7 @@ void repair_mesh(InversionDefinition & definition)
 {
     if (!(definition.mesh_min[z_axis] < definition.mesh_max[z_axis]))
         definition.mesh_min[z_axis] = definition.mesh_max[z_axis] - 1000;
-    for (std::size_t axis : { 0, 1, 2 }) repair_axis(definition, axis);
+    for (std::size_t axis : { 0U, 1U, 2U }) repair_axis(definition, axis);
     repair_lower_part(definition);
 }
 
