@@ -8,6 +8,9 @@
 /// The text without the blanks at both ends. Only blanks count, as in the formats; tabs stay.
 std::string_view trim(std::string_view text);
 
+/// The trimmed text without a surrounding pair of double quotes, trimmed again.
+std::string_view without_quotes(std::string_view field);
+
 /// ASCII letters only; the rest stays.
 std::string upper_case(std::string_view text);
 
