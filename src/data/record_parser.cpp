@@ -94,12 +94,10 @@ struct CommaFields {
             field = take_quoted();
         } else {
             const char * const stop = field_end();
-            field = trim({ at, static_cast<std::size_t>(stop - at) });
+            field = { at, static_cast<std::size_t>(stop - at) };
             at = stop == end ? end : stop + 1;
         }
-        if (field.starts_with('"')) field.remove_prefix(1);
-        if (field.ends_with('"')) field.remove_suffix(1);
-        return trim(field);
+        return without_quotes(field);
     }
 
     std::string_view take_quoted()

@@ -107,6 +107,10 @@ std::string drive_of_path(std::string_view path)
 
 std::string absolute_path(std::string_view path)
 {
+    // A drive makes a path whole on every host: on one without drives it stays the text that it is.
+    const std::string_view behind = path.substr(drive_length(path));
+    if (behind.size() < path.size() && behind.starts_with(separator))
+        return std::string(path.substr(0, 2)) + definition_path(host_path(behind).lexically_normal());
     std::error_code error;
     const fs::path whole = fs::absolute(host_path(path), error);
     return error ? std::string(path) : definition_path(whole.lexically_normal());

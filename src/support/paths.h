@@ -27,7 +27,7 @@ std::string file_stem_of_path(std::string_view path);
 std::string file_extension_of_path(std::string_view path);
 /// The folder without the drive, with a "\" at both ends.
 std::string folder_without_drive(std::string_view path);
-/// The drive ("C:") of the absolute path; empty where drives do not exist.
+/// The drive ("C:") of the absolute path; empty for a path of a host without drives.
 std::string drive_of_path(std::string_view path);
 /// The path made absolute against the current folder, "." and ".." resolved.
 std::string absolute_path(std::string_view path);

@@ -74,7 +74,7 @@ TEST(methods, given_each_when_chosen_then_captions_alpha_and_lists_follow)
         { 1, 0, false, "Model Bounds", "Depth Weighting", "1: Tradeoff from line search", "Depth" },
         { 2, 1, true, "Model Density Bounds", "Density Bounds File", "1: Tradeoff from line search", "Depth" },
         { 5, 1, true, "Model Density Bounds", "Density Bounds File", "1: Tradeoff from line search", "Depth" },
-        { 4, 0, true, "Model Bounds", "Model Bounds File", "Normal 3D", "Simple" },
+        { 4, 0, false, "Model Bounds", "Model Bounds File", "Normal 3D", "Simple" },
     };
     StartedSetup started;
     Form & form = started.setup.form;

@@ -1,0 +1,83 @@
+#include "fakes/temporary_folder.h"
+#include "support/fault.h"
+#include "support/text_file.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// All lines that a reader gives, each followed by "|".
+std::string lines_of(std::string_view content, bool (*read)(TextFile &, std::string &))
+{
+    const TemporaryFolder folder;
+    TextFile file(folder.write("lines.txt", content));
+    std::string all, line;
+    while (read(file, line)) all += line + "|";
+    EXPECT_EQ(line, "");
+    return all;
+}
+
+TEST(text_file, given_odd_line_ends_and_bytes_then_the_lines_are_printable)
+{
+    EXPECT_EQ(lines_of("a\r\nb\rc\nd", &read_text_line), "a|b|c|d|");
+    EXPECT_EQ(lines_of("a\r\n\r\n\r\rb\n\n", &read_text_line), "a|||"
+                                                               "|b||");
+    EXPECT_EQ(lines_of("", &read_text_line), "");
+    EXPECT_EQ(lines_of("\xEF\xBB\xBF"
+                       "1\t2\x7F\xC3\xA9~\x01",
+                       &read_text_line),
+              "1 2~|");
+    EXPECT_EQ(lines_of("a\t\xC3\xA9\r\nb\rc\n", &read_raw_line), "a\t\xC3\xA9|b|c|");
+    EXPECT_EQ(lines_of("\r\n \t\r\n! a\r\n  # b\r\n  1 2 \r\n\r\n", &read_nonblank_line), "! a|  # b|  1 2 |");
+    EXPECT_EQ(lines_of("\r\n \t\r\n! a\r\n  # b\r\n  1 2 \r\n\r\n", &read_data_line), "1 2|");
+}
+
+TEST(text_file, given_a_long_line_then_it_is_whole_up_to_its_limit)
+{
+    const std::string long_line(3000, 'x'), too_long(10245, 'y');
+    EXPECT_EQ(lines_of(long_line + "\n" + too_long + "\r\nz", &read_text_line),
+              long_line + "|" + too_long.substr(0, 10240) + "|yyyyy|z|");
+}
+
+TEST(text_file, given_the_first_bytes_then_the_line_ending_is_known)
+{
+    struct {
+        std::string content;
+        bool lf_only;
+    } const cases[] = {
+        { "a\nb\n", true },
+        { "a\r\nb", false },
+        { "", true },
+        { "\xEF\xBB\xBF"
+          "a\r\n",
+          true },
+        { std::string(512, 'a') + "\r\n", true },
+        { std::string(511, 'a') + "\r\n", false },
+    };
+    const TemporaryFolder folder;
+    for (const auto & row : cases) {
+        TextFile file(folder.write("ends.txt", row.content));
+        std::string line;
+        read_text_line(file, line);
+        EXPECT_EQ(detect_line_ending(file), row.lf_only);
+        EXPECT_EQ(file.rest(), row.content);
+    }
+}
+
+TEST(text_file, given_a_path_then_it_is_opened_as_it_is_written_here_or_the_fault_names_it)
+{
+    const TemporaryFolder folder;
+    const std::string path = folder.write("mess d\xC3\xA9j\xC3\xA0.dat", "x");
+    EXPECT_EQ(TextFile(path).all(), "x");
+    EXPECT_EQ(TextFile(host_path(path).string()).all(), "x"); // with the separators of this computer
+    for (const std::string & bad : { folder.file("gone.dat"), folder.path(), path + "\\below" }) {
+        try {
+            const TextFile file(bad);
+            ADD_FAILURE() << bad;
+        } catch (const FileFault & fault) {
+            EXPECT_NE(std::string(fault.what()).find(bad + ": "), std::string::npos) << fault.what();
+        }
+    }
+}
+
+}
