@@ -1,0 +1,137 @@
+#include "support/bulk_format.h"
+#include "support/fault.h"
+#include "support/pattern.h"
+#include "support/text.h"
+
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <gtest/gtest.h>
+#include <limits>
+#include <random>
+#include <string>
+
+namespace {
+
+std::string exponent_text(float value)
+{
+    char text[longest_exponent];
+    return { text, put_exponent(text, value) };
+}
+
+std::string fixed_text(double value, int decimals)
+{
+    char text[longest_fixed];
+    return { text, put_fixed(text, value, decimals) };
+}
+
+std::string field_text(double value)
+{
+    char text[field_width];
+    return { text, put_field(text, value) };
+}
+
+/// Counts the values whose text differs from that of the pattern engine; the first few are named.
+struct Comparison {
+    std::int64_t compared = 0, wrong = 0;
+
+    void add(const std::string & fast, const std::string & exact)
+    {
+        ++compared;
+        if (fast != exact && ++wrong <= 5) ADD_FAILURE() << "'" << fast << "' for '" << exact << "'";
+    }
+    void exponent(float value) { add(exponent_text(value), format_number(static_cast<double>(value), "0.00000E+00")); }
+    void fixed(double value, int decimals)
+    {
+        add(fixed_text(value, decimals), format_fixed(value, decimals, false));
+        add(field_text(value), pad_left(format_number(value, "0.0000"), 14));
+    }
+};
+
+}
+
+TEST(put_exponent, given_worked_values_then_the_text_of_the_pattern)
+{
+    EXPECT_EQ(exponent_text(0), "0.00000E+00");
+    EXPECT_EQ(exponent_text(-0.0F), "0.00000E+00");
+    EXPECT_EQ(exponent_text(-1), "-1.00000E+00");
+    EXPECT_EQ(exponent_text(0.001953125F), "1.95313E-03");                      // two to the power -9: a half goes away from zero
+    EXPECT_EQ(exponent_text(-1000005), "-1.00001E+06");                         // the same, among whole numbers
+    EXPECT_EQ(exponent_text(999999.5F), "1.00000E+06");                         // the carry makes a digit more
+    EXPECT_EQ(exponent_text(3.40282347e38F), "3.40282E+38");                    // the largest
+    EXPECT_EQ(exponent_text(1.17549435e-38F), "1.17549E-38");                   // the smallest with a full mantissa
+    EXPECT_EQ(exponent_text(1.40129846e-45F), "1.40130E-45");                   // the smallest of all
+    EXPECT_EQ(exponent_text(std::bit_cast<float>(0x4B189681U)), "1.00000E+07"); // one step above 1E+07
+}
+
+TEST(put_exponent, given_each_binary_exponent_then_equal_to_the_pattern_engine)
+{
+    Comparison comparison;
+    std::mt19937 random(1);
+    for (std::uint32_t exponent = 0; exponent < 255; ++exponent)
+        for (int i = 0; i < 8000; ++i) {
+            // a third at the ends of the binade, where the decimal exponent changes for powers of two
+            const auto any = static_cast<std::uint32_t>(random());
+            const std::uint32_t mantissa = (i % 3 == 0 ? any % 2000 - 1000 : any >> 8) & 0x7FFFFFU;
+            comparison.exponent(std::bit_cast<float>((any & 0x80000000U) | (exponent << 23) | mantissa));
+        }
+    EXPECT_GE(comparison.compared, 2'000'000);
+}
+
+TEST(put_exponent, given_the_neighbours_of_powers_of_ten_and_of_halves_then_equal_to_the_pattern_engine)
+{
+    Comparison comparison;
+    std::mt19937 random(2);
+    for (int power = -44; power <= 38; ++power)
+        for (int i = 0; i < 2000; ++i) {
+            const double six_digits = i % 4 == 0 ? 1e5 : static_cast<double>(100000 + random() % 900000) + 0.5;
+            const auto nearest = static_cast<float>(six_digits * std::pow(10.0, power - 5));
+            if (!std::isfinite(nearest)) continue;
+            for (std::uint32_t step = 0; step < 5; ++step)
+                comparison.exponent(std::bit_cast<float>(std::bit_cast<std::uint32_t>(nearest) + step - 2));
+        }
+    EXPECT_GE(comparison.compared, 700'000);
+}
+
+TEST(put_field, given_worked_values_then_fourteen_characters)
+{
+    EXPECT_EQ(field_text(1234.5), "     1234.5000");
+    EXPECT_EQ(field_text(0), "        0.0000");
+    EXPECT_EQ(field_text(-0.00001), "       -0.0000");
+    EXPECT_EQ(field_text(0.00005), "        0.0001");      // a little below the half as a double
+    EXPECT_EQ(field_text(2.67545), "        2.6755");      // likewise
+    EXPECT_EQ(field_text(-123456789.5), "-123456789.500"); // 15 characters: the last goes
+    EXPECT_EQ(field_text(123456789012345680.0), "12345678901234");
+    EXPECT_EQ(field_text(9999.99995), "    10000.0000");
+}
+
+TEST(put_fixed, given_values_of_all_sizes_and_halves_then_equal_to_the_pattern_engine)
+{
+    Comparison comparison;
+    std::mt19937_64 random(3);
+    const auto below = [&random](std::uint64_t limit) { return static_cast<int>(random() % limit); };
+    for (int i = 0; i < 150'000; ++i) {
+        const int decimals = below(10);
+        const double any = static_cast<double>(random() >> 11) * std::pow(10.0, below(26) - 26);
+        comparison.fixed(i % 2 == 0 ? any : -any, decimals);
+        // what a file with one decimal more holds: a half as nearly as a double can, and its lower neighbours
+        const double half = (static_cast<double>(random() >> (20 + below(44))) + 0.5) / std::pow(10.0, decimals);
+        comparison.fixed(half, decimals);
+        comparison.fixed(std::nextafter(half, 0), decimals);
+        comparison.fixed(half * (1 - below(100) * 1e-16), decimals);
+        comparison.fixed(std::ldexp(static_cast<double>(below(1U << 30)), -below(40)), decimals); // exact halves
+    }
+    EXPECT_GE(comparison.compared, 1'500'000);
+}
+
+TEST(bulk_formats, given_values_beyond_the_quick_way_then_still_whole)
+{
+    EXPECT_EQ(fixed_text(1e20, 2), "100000000000000000000.00");
+    EXPECT_EQ(fixed_text(-1.7976931348623157e308, 9).size(), 320U); // sign, 309 digits, point, 9 decimals
+    char text[longest_fixed];
+    for (const double value : { std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN() }) {
+        EXPECT_THROW(put_fixed(text, value, 4), OverflowFault);
+        EXPECT_THROW(put_field(text, -value), OverflowFault);
+        EXPECT_THROW(put_exponent(text, static_cast<float>(value)), OverflowFault);
+    }
+}
