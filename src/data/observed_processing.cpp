@@ -5,9 +5,11 @@
 #include "support/numbers.h"
 #include "support/pattern.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <span>
+#include <vector>
 
 namespace {
 
@@ -28,6 +30,14 @@ struct Reading {
     std::int32_t line = 0;
     double distance = 0; ///< to the centre of its cell
 };
+
+/// Asks for memory that will be needed soon; a hint that may do nothing.
+void prefetch([[maybe_unused]] const void * address)
+{
+#ifdef __GNUC__
+    __builtin_prefetch(address);
+#endif
+}
 
 /// How many readings had to be lifted to the least height above the ground, and by how much in all.
 struct Shifts {
@@ -65,10 +75,19 @@ public:
     }
 
     /// Makes the reading of a point that was taken before, all but its elevation.
-    void take_again(std::size_t i, Reading & reading) const
+    Reading take_again(std::size_t i) const
     {
+        Reading reading;
         take_values(i, reading);
         place(i, reading);
+        return reading;
+    }
+
+    void prefetch_point(std::size_t i) const
+    {
+        prefetch(&x_[i]);
+        prefetch(&y_[i]);
+        prefetch(value_[0].empty() ? nullptr : &value_[0][i]);
     }
 
     const Shifts & shifts() const { return shifts_; }
@@ -161,12 +180,6 @@ void add_to_all(const Reading & reading, AllPoints & all)
     ++all.point_count;
 }
 
-/// Which point each cell keeps while they compete for it.
-struct Nearest {
-    List<std::int32_t> point; ///< counted from 1; 0 none
-    List<float> distance;     ///< infinite without a point
-};
-
 void size_lists(const InversionDefinition & definition, const UbcMesh & mesh, SelectedData & selected)
 {
     selected.cells_x = mesh.cells_x();
@@ -180,24 +193,70 @@ void size_lists(const InversionDefinition & definition, const UbcMesh & mesh, Se
     if (definition.data_extra_value_column > 0) selected.extra_value.assign(cells);
 }
 
-/// Fills in the cells once it is known which point each keeps; their elevations are there already.
-void fill_cells(const PointSelection & selection, const Nearest & nearest, SelectedData & selected)
-{
-    Reading reading;
-    for (std::int32_t cell = 1; cell <= nearest.point.size(); ++cell) {
-        const std::int32_t point = nearest.point[cell];
-        if (point == 0) continue;
-        selection.take_again(static_cast<std::size_t>(point) - 1, reading);
-        selected.occupied[cell] = 1;
-        selected.x[cell] = to_f32(reading.x);
-        selected.y[cell] = to_f32(reading.y);
-        selected.value_1[cell] = to_f32(reading.value_1);
-        selected.value_3[cell] = nearest.distance[cell];
-        if (!selected.value_2.empty()) selected.value_2[cell] = to_f32(reading.value_2);
-        if (!selected.line.empty()) selected.line[cell] = reading.line;
-        if (!selected.extra_value.empty()) selected.extra_value[cell] = to_f32(reading.extra_value);
+/// Lets readings compete for the cells. Only the number of a cell's point, its distance and its elevation are kept meanwhile.
+class CellChoice {
+public:
+    explicit CellChoice(SelectedData & selected)
+        : selected_(selected), point_(static_cast<std::size_t>(selected.occupied.size()), no_point),
+          distance_(selected.value_3.items()), z_(selected.z.items())
+    {
+        std::ranges::fill(distance_, std::numeric_limits<float>::infinity());
     }
-}
+
+    std::size_t cell_of(const Reading & reading) const
+    {
+        return static_cast<std::size_t>(selected_.cell(reading.cell_x, reading.cell_y)) - 1;
+    }
+
+    void prefetch_cell(const Reading & reading) const
+    {
+        prefetch(&distance_[cell_of(reading)]);
+        prefetch(&point_[cell_of(reading)]);
+    }
+
+    /// Of readings at the same distance the first stays.
+    void offer(std::int32_t point, const Reading & reading)
+    {
+        const std::size_t cell = cell_of(reading);
+        const auto distance = static_cast<float>(reading.distance);
+        if (!(distance < distance_[cell])) return;
+        if (point_[cell] == no_point) ++selected_.selected_count;
+        point_[cell] = point;
+        distance_[cell] = distance;
+        z_[cell] = to_f32(reading.z);
+    }
+
+    /// Fills in all that a cell holds of its point.
+    void fill_cells(const PointSelection & selection)
+    {
+        for (std::size_t cell = 0; cell < point_.size(); ++cell) {
+            if (const std::size_t ahead = cell + 16; ahead < point_.size() && point_[ahead] != no_point)
+                selection.prefetch_point(static_cast<std::size_t>(point_[ahead]));
+            if (point_[cell] == no_point)
+                distance_[cell] = 0;
+            else
+                fill_cell(static_cast<std::int64_t>(cell) + 1, selection.take_again(static_cast<std::size_t>(point_[cell])));
+        }
+    }
+
+private:
+    static constexpr std::int32_t no_point = -1; // points count from 0 here
+
+    void fill_cell(std::int64_t cell, const Reading & reading)
+    {
+        selected_.occupied[cell] = 1;
+        selected_.x[cell] = to_f32(reading.x);
+        selected_.y[cell] = to_f32(reading.y);
+        selected_.value_1[cell] = to_f32(reading.value_1);
+        if (!selected_.value_2.empty()) selected_.value_2[cell] = to_f32(reading.value_2);
+        if (!selected_.line.empty()) selected_.line[cell] = reading.line;
+        if (!selected_.extra_value.empty()) selected_.extra_value[cell] = to_f32(reading.extra_value);
+    }
+
+    SelectedData & selected_;
+    std::vector<std::int32_t> point_;
+    std::span<float> distance_, z_;
+};
 
 void report_selection(const Shifts & shifts, const SelectedData & selected, Host & host)
 {
@@ -247,23 +306,30 @@ void select_point_readings(const ObservedData & points, const InversionDefinitio
     if (keeps_all) readings.all.points.reserve(points.point_count);
 
     PointSelection selection(points, definition, mesh, topo);
-    Nearest nearest = { List<std::int32_t>(selected.occupied.size()),
-                        List<float>(selected.occupied.size(), std::numeric_limits<float>::infinity()) };
+    CellChoice choice(selected);
     Percentage percentage(host.progress, points.point_count);
-    Reading reading;
-    for (std::int32_t i = 0; i < points.point_count; ++i) {
+    // In small blocks, so that the cells of many readings are on their way from memory at once.
+    struct Taken {
+        std::int32_t point;
+        Reading reading;
+    };
+    std::array<Taken, 64> block;
+    for (std::int32_t i = 0; i < points.point_count;) {
         percentage.report(i);
-        if (!selection.take(static_cast<std::size_t>(i), reading)) continue;
-        if (keeps_all) add_to_all(reading, readings.all);
-        const std::int64_t cell = selected.cell(reading.cell_x, reading.cell_y);
-        const float distance = to_f32(reading.distance);
-        if (!(distance < nearest.distance[cell])) continue;
-        if (nearest.point[cell] == 0) ++selected.selected_count;
-        nearest.distance[cell] = distance;
-        nearest.point[cell] = i + 1;
-        selected.z[cell] = to_f32(reading.z);
+        std::size_t count = 0;
+        for (std::size_t ahead = 0; ahead < block.size() && i < points.point_count; ++ahead, ++i) {
+            Taken & taken = block[count];
+            taken.point = i;
+            if (!selection.take(static_cast<std::size_t>(i), taken.reading)) continue;
+            choice.prefetch_cell(taken.reading);
+            ++count;
+        }
+        for (const Taken & taken : std::span(block).first(count)) {
+            if (keeps_all) add_to_all(taken.reading, readings.all);
+            choice.offer(taken.point, taken.reading);
+        }
     }
-    fill_cells(selection, nearest, selected);
+    choice.fill_cells(selection);
     report_selection(selection.shifts(), selected, host);
 }
 
