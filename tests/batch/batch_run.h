@@ -3,6 +3,7 @@
 #include "fakes/tiny_survey.h"
 
 #include <cstdlib>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,4 +54,14 @@ inline BatchRun create(const TinySurvey & survey, const std::vector<std::string>
                                            host_file(survey.folder, "out") };
     arguments.insert(arguments.end(), more.begin(), more.end());
     return run_batch(arguments);
+}
+
+using FileNames = std::set<std::string>;
+
+/// The bare names of what lies in a folder.
+inline FileNames files_of(const std::filesystem::path & folder)
+{
+    FileNames files;
+    for (const auto & entry : std::filesystem::directory_iterator(folder)) files.insert(entry.path().filename().string());
+    return files;
 }

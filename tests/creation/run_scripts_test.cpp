@@ -15,18 +15,11 @@ struct ScriptCase {
 const ScriptCase script_cases[] = {
     { 3, 1, CreateMode::parameters, "magsen3d magsen3d.inp/maginv3d maginv3d.inp",
       "maginv3d maginv3d.inp/dmxerror mag.obs maginv3d.pre error.dat mesh", "magsen3d magsen3d.inp" },
-    { 6, 1, CreateMode::all, "pfweight mag_weights.inp 8/magsen3d magsen3d.inp 8/maginv3d maginv3d.inp 8",
-      "pfweight mag_weights.inp 8/maginv3d maginv3d.inp 8/dmxerror mag.obs maginv3d.pre error.dat mesh",
-      "pfweight mag_weights.inp 8/magsen3d magsen3d.inp 8" },
     { 1, 0, CreateMode::all, "gzsen3d mesh grav.obs topo.dat/gzinv3d gzinv3d.inp",
       "gzinv3d gzinv3d.inp/dmxerror grav.obs gzinv3d.pre error.dat mesh", "gzsen3d mesh grav.obs topo.dat" },
-    { 2, 0, CreateMode::all, "gzsen3d gzsen3d.inp/gzinv3d gzinv3d.inp",
-      "gzinv3d gzinv3d.inp/dmxerror grav.obs gzinv3d.pre error.dat mesh", "gzsen3d gzsen3d.inp" },
     { 5, 0, CreateMode::all, "pfweight gz_weights.inp 8/gzsen3d gzsen3d.inp 8/gzinv3d gzinv3d.inp 8",
       "pfweight gz_weights.inp 8/gzinv3d gzinv3d.inp 8/dmxerror grav.obs gzinv3d.pre error.dat mesh",
       "pfweight gz_weights.inp 8/gzsen3d gzsen3d.inp 8" },
-    { 4, 1, CreateMode::all, "qvsen3d qvsen3d.inp/qvinv3d qvinv3d.inp/QVerror mag.obs qvinv3d.pre error.dat mesh",
-      "qvinv3d qvinv3d.inp/QVerror mag.obs qvinv3d.pre error.dat mesh", "qvsen3d qvsen3d.inp" },
     // variations: data and mesh of the parent folder, or new data
     { 6, 1, CreateMode::variation, "",
       R"(pfweight mag_weights.inp/maginv3d maginv3d.inp/dmxerror ..\mag.obs maginv3d.pre error.dat ..\mesh)", "" },
@@ -82,15 +75,6 @@ TEST(run_scripts, given_each_method_and_mode_then_the_whole_scripts)
     }
 }
 
-TEST(run_scripts, given_the_own_solver_then_its_cluster_scripts)
-{
-    const GivenCreation given(4, 0);
-    EXPECT_EQ(script(given, "run_qvsen3d_cluster.bat"),
-              R"(tasklist | findstr " QVsen3D_RPCServer.exe" || START "" "QVsen3D_RPCServer.exe")"
-              R"(/qvsen3d_cluster_controller "%~dp0")");
-    EXPECT_EQ(script(given, "run_cluster_inversion.bat"), "call run_qvsen3d_cluster.bat/call run_qvinv3d.bat");
-}
-
 TEST(run_scripts, given_a_rock_property_table_then_its_lines_come_first)
 {
     for (const RockCase & row : rock_cases) {
@@ -101,16 +85,6 @@ TEST(run_scripts, given_a_rock_property_table_then_its_lines_come_first)
         given.definition.rock_property_application = row.application;
         EXPECT_EQ(script(given, "run_inversion.bat"), row.lines + without);
     }
-}
-
-TEST(run_scripts, given_a_model_file_then_only_the_own_solver_runs_without_its_fast_form)
-{
-    GivenCreation own(4, 1), other(3, 1);
-    own.in_use.model_file = other.in_use.model_file = true;
-    const std::string line = "qvinv3d qvinv3d.inp NOFAST/QVerror mag.obs qvinv3d.pre error.dat mesh";
-    EXPECT_EQ(script(own, "run_inversion.bat"), "qvsen3d qvsen3d.inp/" + line);
-    EXPECT_EQ(script(own, "run_qvinv3d.bat"), line);
-    EXPECT_EQ(script(other, "run_inversion.bat"), "magsen3d magsen3d.inp/maginv3d maginv3d.inp");
 }
 
 TEST(run_scripts, given_no_topography_then_the_first_gravity_solver_is_not_handed_one)
