@@ -47,7 +47,7 @@ TEST(paths, given_files_and_folders_then_they_are_found_made_and_entered)
     change_to_path(file);
     for (const std::string & none : { std::string(), deep + "gone\\far\\x" }) change_to_path(none);
     EXPECT_EQ(current_folder(), folder.path());
-    change_to_path(deep + "gone"); // its parent
+    change_to_path(deep + "gone\\"); // its parent
     EXPECT_EQ(current_folder() + "\\", deep);
     change_to_path(start);
 }
