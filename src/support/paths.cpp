@@ -152,7 +152,8 @@ void change_to_path(std::string_view path)
     std::error_code error;
     const fs::path whole = fs::absolute(host_path(path), error);
     if (error) return;
-    fs::current_path(fs::is_directory(whole, error) ? whole : whole.parent_path(), error);
+    const fs::path place = whole.has_filename() ? whole : whole.parent_path(); // without a separator at its end
+    fs::current_path(fs::is_directory(place, error) ? place : place.parent_path(), error);
 }
 
 std::string current_folder()

@@ -38,7 +38,7 @@ std::string with_backslash(std::string path);
 
 /// Creates each missing folder along the path. Fails with a `FileFault`.
 void make_folder_path(std::string_view path);
-/// Makes the folder, or the folder of the file, current when it exists. Never fails.
+/// Makes the folder, or the folder of the file, current; the parent of a folder that has gone. Never fails.
 void change_to_path(std::string_view path);
 /// The current folder as a definition path, without a "\" at its end.
 std::string current_folder();

@@ -20,15 +20,10 @@ std::string lines_of(std::string_view content, bool (*read)(TextFile &, std::str
 TEST(text_file, given_odd_line_ends_and_bytes_then_the_lines_are_printable)
 {
     EXPECT_EQ(lines_of("a\r\nb\rc\nd", &read_text_line), "a|b|c|d|");
-    EXPECT_EQ(lines_of("a\r\n\r\n\r\rb\n\n", &read_text_line), "a|||"
-                                                               "|b||");
+    EXPECT_EQ(lines_of("a\r\n\r\n\rb\n\n", &read_text_line), "a|||b||");
     EXPECT_EQ(lines_of("", &read_text_line), "");
-    EXPECT_EQ(lines_of("\xEF\xBB\xBF"
-                       "1\t2\x7F\xC3\xA9~\x01",
-                       &read_text_line),
-              "1 2~|");
+    EXPECT_EQ(lines_of("\xEF\xBB\xBF-1\t2\x7F\xC3\xA9~\x01", &read_text_line), "-1 2~|");
     EXPECT_EQ(lines_of("a\t\xC3\xA9\r\nb\rc\n", &read_raw_line), "a\t\xC3\xA9|b|c|");
-    EXPECT_EQ(lines_of("\r\n \t\r\n! a\r\n  # b\r\n  1 2 \r\n\r\n", &read_nonblank_line), "! a|  # b|  1 2 |");
     EXPECT_EQ(lines_of("\r\n \t\r\n! a\r\n  # b\r\n  1 2 \r\n\r\n", &read_data_line), "1 2|");
 }
 
@@ -41,26 +36,15 @@ TEST(text_file, given_a_long_line_then_it_is_whole_up_to_its_limit)
 
 TEST(text_file, given_the_first_bytes_then_the_line_ending_is_known)
 {
-    struct {
-        std::string content;
-        bool lf_only;
-    } const cases[] = {
-        { "a\nb\n", true },
-        { "a\r\nb", false },
-        { "", true },
-        { "\xEF\xBB\xBF"
-          "a\r\n",
-          true },
-        { std::string(512, 'a') + "\r\n", true },
-        { std::string(511, 'a') + "\r\n", false },
-    };
+    const std::string a(511, 'a');
+    const std::pair<std::string, bool> lf_only[] = { { "a\nb", true },   { "", true },        { "a\r\nb", false },
+                                                     { "\xEF\r", true }, { a + "a\r", true }, { a + "\r", false } };
     const TemporaryFolder folder;
-    for (const auto & row : cases) {
-        TextFile file(folder.write("ends.txt", row.content));
-        std::string line;
-        read_text_line(file, line);
-        EXPECT_EQ(detect_line_ending(file), row.lf_only);
-        EXPECT_EQ(file.rest(), row.content);
+    for (const auto & [content, expected] : lf_only) {
+        TextFile file(folder.write("ends.txt", content));
+        file.skip(content.size());
+        EXPECT_EQ(detect_line_ending(file), expected);
+        EXPECT_EQ(file.rest(), content);
     }
 }
 
