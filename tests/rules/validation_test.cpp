@@ -87,6 +87,8 @@ std::vector<Faulty> all_faults()
     box(3, "Text_mag_inclination", "", "The mag inclination is not numeric");
     box(3, "Text_mag_declination", "", "The mag declination is not numeric");
     number(3, "Text_mag_intensity", "The mag intensity", "0", " must be positive");
+    box(4, "Text_mag_intensity", "0", "The mag intensity must be positive");
+    faults.back().make = [zero = faults.back().make](Checked & c) { c.record().obs_data_types[0] = 30, zero(c); };
     record("The line azimuth is not numeric", [](Record & r) { r.obs_data_types[0] = 4; });
     record("The model background value is not numeric", [](Record & r) { r.background_method = 2; });
     number(1, "Text_iterations", "The number of iterations", "0", " must be positive");
@@ -159,13 +161,31 @@ TEST(check_inversion_definitions, given_quirks_that_users_rely_on_then_the_check
     EXPECT_EQ(zeros.check(), Texts{ "The alpha values cannot all be zero" });
     zeros.type("Text_alpha_s", "1");
     EXPECT_EQ(zeros.check(), Texts{});
-    Checked vector(folder); // of the own solver's data the magnetic ones need the field
-    vector.record().obs_data_types[0] = 30;
-    vector.type("Text_mag_intensity", "0");
-    EXPECT_EQ(vector.check(), Texts{ "The mag intensity must be positive" });
 }
 
-TEST(check_inversion_definitions, given_a_good_form_then_the_record_holds_the_numbers_of_the_boxes)
+TEST(check_inversion_definitions, given_a_record_of_different_numbers_then_each_box_goes_back_to_its_own_field)
+{
+    const TemporaryFolder folder;
+    for (const std::int32_t method : { 1, 3, 4 }) {
+        Checked c(folder, method);
+        Record & r = c.record();
+        r.obs_base_value = 5, r.obs_scale_value = 6, r.error_percent = 7, r.error_floor = 0.7F;
+        r.data_values_per_cell = 8, r.data_integration_time = 9, r.elevation_offset = { -10, -11, -12 };
+        r.line_azimuth = 13, r.background_value = 14, r.mag_inclination = 15, r.mag_declination = 16, r.mag_intensity = 17;
+        r.trade_off = 18, r.misfit_tolerance = 19, r.grav_chi_factor = 20, r.max_iterations = 21;
+        r.alpha_e = 22, r.alpha_n = 23, r.alpha_v = 24, r.weighting_znot = 25, r.wavelet_itol = 2;
+        c.load(r);
+        const Record loaded = r;
+        EXPECT_EQ(c.check(), Texts{});
+        EXPECT_EQ((std::array{ r.data_max_column[0], r.data_max_column[1] }), (std::array{ 4, 3 }));
+        r.data_max_column = loaded.data_max_column;
+        r.data_type_names = loaded.data_type_names;
+        r.matrix_files = loaded.matrix_files;
+        EXPECT_EQ(r, loaded) << method;
+    }
+}
+
+TEST(check_inversion_definitions, given_boxes_then_what_follows_from_them_is_derived)
 {
     const TemporaryFolder folder;
     Checked c(folder);
@@ -173,21 +193,16 @@ TEST(check_inversion_definitions, given_a_good_form_then_the_record_holds_the_nu
     c.record().max_iterations = 50; // of a box that is blank: the solver's own
     c.record().data_extra_value_column = 9;
     c.record().data_file[2] = "gone.grd"; // not looked at
-    c.setup.form["Text_description"].text = "two lines";
-    c.setup.form["Text_inversion_par"].text = "0.123456789";
     c.setup.form["Text_initial_file"].text = " 0.01 ";
     c.setup.form["Text_UBC_locations_nstep"].text = "0";
-    c.setup.form("Text_UBC_elevation_offset", 1).text = "-2.5";
-    std::optional<ValidatedDefinition> validated;
-    ASSERT_EQ(check_inversion_definitions(c.setup, validated, c.host), Status::good);
-    const Record & record = **validated;
-    EXPECT_EQ(record.description + record.initial_model + record.reference_model, "two lines0.01null");
-    EXPECT_EQ((std::array{ record.trade_off, record.topo_offset() }), (std::array{ 0.123456789F, -2.5F }));
-    EXPECT_EQ((std::array{ record.data_first_line[0], record.data_read_step[0], record.data_max_column[0],
-                           record.data_max_column[1], record.max_iterations, record.obs_data_type_count }),
-              (std::array{ 2, 1, 9, 3, 0, 2 }));
-    EXPECT_EQ(record.data_type_names[0] + " " + record.data_type_names[1], "VMI VKa");
-    EXPECT_EQ(record.matrix_files[0], "QVinv3D_Tx.mtx|QVinv3D_Ty.mtx|QVinv3D_Tz.mtx");
+    EXPECT_EQ(c.check(), Texts{});
+    const Record & r = c.record();
+    EXPECT_EQ((Texts{ r.initial_model, r.reference_model }), (Texts{ "0.01", "null" }));
+    EXPECT_EQ(
+        (std::array{ r.data_first_line[0], r.data_read_step[0], r.data_max_column[0], r.max_iterations, r.obs_data_type_count }),
+        (std::array{ 2, 1, 9, 0, 2 }));
+    EXPECT_EQ(r.data_type_names[0] + " " + r.data_type_names[1], "VMI VKa");
+    EXPECT_EQ(r.matrix_files[0], "QVinv3D_Tx.mtx|QVinv3D_Ty.mtx|QVinv3D_Tz.mtx");
     EXPECT_EQ(c.setup.design_mesh.total_cells, (std::array{ 14, 14, 13 }));
 }
 
