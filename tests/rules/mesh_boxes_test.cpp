@@ -12,14 +12,14 @@ using Texts = std::vector<std::string>;
 struct Filled : StartedSetup {
     explicit Filled(const char * lower_cells = "0")
     {
-        fill(0, "0", "400", "100");
-        fill(1, "0", "200", "50");
-        fill(2, "0", "100", "10");
+        InversionDefinition record;
+        record.mesh_max = { 400, 200, 100, 0 };
+        record.mesh_cell_size = { 100, 50, 10, 1 };
+        record.padding_multipliers = { "1,2", "1,2" };
+        load(record);
         type("Text_num_cells", lower_cells, 3);
         type("Text_cell_size", "1.5", 3);
-        for (const int list : { 0, 1 }) type("Text_padding_multipliers", "1,2", list);
         type("Text_tile_overlap", "");
-        setup.definition.mesh_min[3] = 0; // as in a file; the first build goes by the record
         EXPECT_EQ(unload(), Status::good);
     }
     void fill(int axis, const char * minimum, const char * maximum, const char * size)
@@ -70,28 +70,37 @@ TEST(unload_mesh, given_limits_then_they_are_snapped_to_whole_cells)
 TEST(unload_mesh, given_a_faulty_box_then_its_message_and_the_record_stays)
 {
     struct Case {
+        std::int32_t mode; // 1 refined
         const char * box;
         int index;
         const char *text, *message;
     };
     const Case cases[] = {
-        { "Text_min_val", 0, "a", "The minimum X value is not valid" },
-        { "Text_max_val", 1, "", "The maximum Y value is not valid" },
-        { "Text_max_val", 2, "0", "The minimum Z value must be less than the maximum value" },
-        { "Text_cell_size", 0, "10 m", "The X cell size is not valid" },
-        { "Text_cell_size", 1, "0", "The Y cell size must be positive" },
-        { "Text_num_cells", 3, "x", "The number of non-uniform z cells is not valid" },
-        { "Text_num_cells", 3, "-1", "The number of non-uniform z cells cannot be negative" },
-        { "Text_cell_size", 3, "", "The non-uniform z cell multiplier is not valid" },
-        { "Text_cell_size", 3, "0.9", "The non-uniform z cell multiplier cannot be less than 1" },
-        { "Text_padding_multipliers", 0, "1,2,x", "There is a problem with the padding cell definitions" },
+        { 0, "Text_min_val", 0, "a", "The minimum X value is not valid" },
+        { 0, "Text_max_val", 1, "", "The maximum Y value is not valid" },
+        { 0, "Text_max_val", 2, "0", "The minimum Z value must be less than the maximum value" },
+        { 0, "Text_cell_size", 0, "10 m", "The X cell size is not valid" },
+        { 0, "Text_cell_size", 1, "0", "The Y cell size must be positive" },
+        { 0, "Text_num_cells", 3, "x", "The number of non-uniform z cells is not valid" },
+        { 0, "Text_num_cells", 3, "-1", "The number of non-uniform z cells cannot be negative" },
+        { 0, "Text_cell_size", 3, "", "The non-uniform z cell multiplier is not valid" },
+        { 0, "Text_cell_size", 3, "0.9", "The non-uniform z cell multiplier cannot be less than 1" },
+        { 0, "Text_padding_multipliers", 0, "1,2,x", "There is a problem with the padding cell definitions" },
+        { 1, "Text_x_tile_size", 0, "-", "The X tile size is not valid" },
+        { 1, "Text_number_x_tiles", 0, "", nullptr }, // not filled in yet
+        { 1, "Text_number_y_tiles", 0, "-1", "The number of Y tiles must be positive" },
+        { 1, "Text_tile_overlap", 0, "-1", "The number of overlap cells must be positive" },
+        { 1, "Text_z_blend", 0, "6", "The number of z blend cells must be less than the number of x/y overlap cells" },
     };
-    for (const Case & c : cases) {
+    for (const auto & [mode, box, index, text, message] : cases) {
         Filled filled;
+        filled.setup.refinement_mode = mode;
+        for (const char * tiles : { "number_x_tiles", "number_y_tiles", "tile_overlap", "blend_overlap", "z_blend" })
+            filled.type((std::string("Text_") + tiles).c_str(), "5"); // a blend as wide as the overlap passes
         filled.type("Text_max_val", "500", 0);
-        filled.type(c.box, c.text, c.index);
+        filled.type(box, text, index);
         EXPECT_EQ(filled.unload(), Status::bad);
-        EXPECT_EQ(filled.dialogs.messages, Texts{ c.message });
+        EXPECT_EQ(filled.dialogs.messages, message ? Texts{ message } : Texts{});
         EXPECT_EQ(filled.setup.definition.mesh_max[0], 400);
     }
 }
@@ -133,32 +142,12 @@ TEST(unload_mesh, given_more_cells_than_can_be_counted_then_the_unloading_ends_o
     EXPECT_EQ(filled.unload(0), Status::good);
 }
 
-TEST(tile_boxes, given_refinement_mode_then_each_faulty_box_has_its_message)
+TEST(tile_boxes, given_a_refined_definition_then_a_blend_may_reach_the_overlap_but_not_pass_it)
 {
-    struct Case {
-        bool whole; // the check of the definition, otherwise that of the layout alone
-        const char *box, *text, *message;
-    };
-    const Case cases[] = {
-        { false, "Text_x_tile_size", "-", "The X tile size is not valid" },
-        { false, "Text_number_x_tiles", "", nullptr }, // not filled in yet
-        { false, "Text_number_y_tiles", "-1", "The number of Y tiles must be positive" },
-        { false, "Text_z_blend", "6", "The number of z blend cells must be less than the number of x/y overlap cells" },
-        { true, "Text_tile_overlap", "4", "The number of blend cells must be less than the number of overlap cells" },
-        { true, "Text_minimum_points", "-1", "The minimum number of points per tile must be positive" },
-    };
-    for (const Case & c : cases) {
-        Filled filled;
-        const auto check = [&] {
-            return c.whole ? check_tile_definitions(filled.setup, filled.host)
-                           : check_tile_layout_boxes(filled.setup, filled.host);
-        };
-        for (const char * box :
-             { "Text_number_x_tiles", "Text_number_y_tiles", "Text_tile_overlap", "Text_blend_overlap", "Text_z_blend" })
-            filled.type(box, "5"); // a blend as wide as the overlap passes
-        EXPECT_EQ(check(), Status::good);
-        filled.type(c.box, c.text);
-        EXPECT_EQ(check(), Status::bad);
-        EXPECT_EQ(filled.dialogs.messages, c.message ? Texts{ c.message } : Texts{});
-    }
+    StartedSetup started;
+    for (const char * box : { "Text_tile_overlap", "Text_blend_overlap", "Text_z_blend" }) started.type(box, "5");
+    EXPECT_EQ(check_tile_definitions(started.setup, started.host), Status::good);
+    started.type("Text_tile_overlap", "4");
+    EXPECT_EQ(check_tile_definitions(started.setup, started.host), Status::bad);
+    EXPECT_EQ(started.dialogs.messages, Texts{ "The number of blend cells must be less than the number of overlap cells" });
 }
