@@ -13,8 +13,7 @@ void skip_blanks(std::string_view & text) { text.remove_prefix(std::min(text.fin
 std::string without_quotes(std::string_view field)
 {
     field = trim(field);
-    if (field.starts_with('"')) field.remove_prefix(1);
-    if (field.ends_with('"')) field.remove_suffix(1);
+    if (field.size() >= 2 && field.starts_with('"') && field.ends_with('"')) field = field.substr(1, field.size() - 2);
     return std::string(trim(field));
 }
 
@@ -100,6 +99,7 @@ std::string next_key_value(char delimiter, std::string & text, std::string & val
 void split_fields(std::int32_t & count, std::string_view text, char delimiter, List<std::string> & fields)
 {
     fields.clear();
+    if (delimiter == ' ') delimiter = ',';
     text = trim(text);
     const bool delimited = text.find(delimiter) != std::string_view::npos;
     while (!text.empty() && (count == 0 || fields.size() < count)) {
