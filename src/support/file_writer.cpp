@@ -17,7 +17,7 @@
 
 namespace {
 
-constexpr std::size_t buffer_size = std::size_t{ 1 } << 20;
+constexpr std::size_t buffer_size = std::size_t{ 1 } << 18;
 constexpr std::size_t largest_room = std::size_t{ 1 } << 16;
 
 std::FILE * open_for_writing(const std::string & path)

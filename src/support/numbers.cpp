@@ -96,8 +96,8 @@ NumberPrefix number_prefix(std::string_view text)
     if (read.ec == std::errc::result_out_of_range) {
         const std::string_view number = text.substr(first, at - first);
         const std::size_t e = number.find_first_of("eE");
-        if (e == std::string_view::npos || number[e + 1] != '-')
-            throw OverflowFault("a number is too large: " + std::string(number));
+        const bool tiny = e != std::string_view::npos ? number[e + 1] == '-' : number[0] == '0' || number[0] == '.';
+        if (!tiny) throw OverflowFault("a number is too large: " + std::string(number));
         value = 0;
     }
     return { negative ? -value : value, at };
@@ -142,6 +142,8 @@ std::int32_t multiply_counts(std::int32_t a, std::int32_t b)
 {
     return round_to_count(static_cast<double>(static_cast<std::int64_t>(a) * b));
 }
+
+double compress_value(double x) { return std::abs(x) <= 1 ? x : std::copysign(std::sqrt(std::abs(x)), x); }
 
 std::string general_text(double value) { return general_text_with(value, 15); }
 std::string general_text(float value) { return general_text_with(value, 7); }

@@ -34,6 +34,9 @@ float to_f32(double value);
 std::int32_t add_counts(std::int32_t a, std::int32_t b);
 std::int32_t multiply_counts(std::int32_t a, std::int32_t b);
 
+/// The signed root that tames large values: x itself up to a size of 1, beyond it the root of the size with x's sign.
+double compress_value(double x);
+
 /// General number text: the shortest decimal text with at most 15 (double) or 7 (float) significant digits.
 /// Exponent form ("1E-05", "1.5E+15") from the decimal exponent -5 down, and from 15 (double) or 7 (float) up.
 std::string general_text(double value);
