@@ -28,7 +28,7 @@ struct Reading {
     std::int32_t cell_x = 0, cell_y = 0;
     double value_1 = missing_value, value_2 = missing_value, extra_value = missing_value;
     std::int32_t line = 0;
-    double distance = 0; ///< to the centre of its cell
+    double squared_distance = 0; ///< to the centre of its cell
 };
 
 /// Asks for memory that will be needed soon; a hint that may do nothing.
@@ -135,7 +135,7 @@ private:
         axis_y_.snap(reading.cell_y, reading.y);
         const double dx = reading.x - axis_x_.centre(reading.cell_x);
         const double dy = reading.y - axis_y_.centre(reading.cell_y);
-        reading.distance = std::sqrt(dx * dx + dy * dy);
+        reading.squared_distance = dx * dx + dy * dy;
         return true;
     }
 
@@ -174,7 +174,7 @@ void add_to_all(const Reading & reading, AllPoints & all)
     point.z = reading.z;
     point.value_1 = reading.value_1;
     point.value_2 = reading.value_2;
-    point.distance = reading.distance;
+    point.distance = std::sqrt(reading.squared_distance);
     point.extra_value = reading.extra_value;
     all.points.push_back(point);
     ++all.point_count;
@@ -218,7 +218,10 @@ public:
     void offer(std::int32_t point, const Reading & reading)
     {
         const std::size_t cell = cell_of(reading);
-        const auto distance = static_cast<float>(reading.distance);
+        // The stored distance squared is exact, so this leaves out none that is nearer, and spares most of the roots.
+        const auto least = static_cast<double>(distance_[cell]);
+        if (reading.squared_distance >= least * least) return;
+        const auto distance = static_cast<float>(std::sqrt(reading.squared_distance));
         if (!(distance < distance_[cell])) return;
         if (point_[cell] == no_point) ++selected_.selected_count;
         point_[cell] = point;

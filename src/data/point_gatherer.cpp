@@ -86,12 +86,14 @@ bool PointGatherer::is_outside_windows(const Point & point) const
 
 void PointGatherer::Tally::add(double value)
 {
-    if (!(value > missing_value)) return; // the mean's own limit, lower than the one for missing values
+    if (is_missing(value)) {
+        if (!(value > missing_value)) return; // the mean's own limit, lower than the usual one
+    } else {
+        minimum = std::min(minimum, value);
+        maximum = std::max(maximum, value);
+    }
     sum += value;
     ++count;
-    if (is_missing(value)) return;
-    minimum = std::min(minimum, value);
-    maximum = std::max(maximum, value);
 }
 
 Range PointGatherer::Tally::range() const

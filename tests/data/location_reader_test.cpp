@@ -72,104 +72,70 @@ void with_line_in_1(LocationSource & s)
     s.value_column[0] = 5;
 }
 
+void doubled_and_shifted(LocationSource & s)
+{
+    s.transform.x_scale = 2;
+    s.transform.new_x_origin = 100;
+    s.transform.elevation_shift = 1;
+    s.transform.elevation_scale = 2;
+    normalise_point_transform(s.transform);
+}
+
 void unchanged(LocationSource &) {}
 
+// A row per case.
+// clang-format off
 const ReadCase read_cases[] = {
     // line ends
     { "line_feeds", "1 2 3 4\n5 6 7 8\n", unchanged, "1 2 3 4; 5 6 7 8" },
     { "both_ends_without_the_last", "1 2 3 4\r\n5 6 7 8", unchanged, "1 2 3 4; 5 6 7 8" },
     { "carriage_returns", "1 2 3 4\r5 6 7 8\r", unchanged, "1 2 3 4; 5 6 7 8" },
     { "ends_mixed", "1 2 3 4\r5 6 7 8\n9 8 7 6\r\n", unchanged, "1 2 3 4; 5 6 7 8; 9 8 7 6" },
-    { "utf8_mark_with_both_ends",
-      "\xEF\xBB\xBF"
-      "1,2,3,4\r\n5,6,7,8\r\n",
-      unchanged, "1 2 3 4; 5 6 7 8" },
+    { "utf8_mark_with_both_ends", "\xEF\xBB\xBF" "1,2,3,4\r\n5,6,7,8\r\n", unchanged, "1 2 3 4; 5 6 7 8" },
     { "empty_file", "", unchanged, "" },
     // odd bytes go where the line reader drops them, and spoil the number where it keeps them
-    { "control_byte_dropped",
-      "1\x01"
-      "1 2 3 4\n",
-      unchanged, "11 2 3 4" },
-    { "control_byte_kept",
-      "1\x01"
-      "1 2 3 4\r\n5 6 7 8\r\n",
-      unchanged, "5 6 7 8" },
+    { "control_byte_dropped", "1\x01" "1 2 3 4\n", unchanged, "11 2 3 4" },
+    { "control_byte_kept", "1\x01" "1 2 3 4\r\n5 6 7 8\r\n", unchanged, "5 6 7 8" },
     { "tab_becomes_blank", "a\tb ,1,2,3,4\n", with_line_in_1, "1 2 3 4 [a b]" },
     { "tab_stays", "a\tb ,1,2,3,4\r\n", with_line_in_1, "1 2 3 4 [a\tb]" },
     { "long_line_is_cut", "1 2 3 4" + std::string(10233, ' ') + "5 6 7 8\n", unchanged, "1 2 3 4; 5 6 7 8" },
     { "long_line_is_whole", "1 2 3" + std::string(10233, ' ') + "4\r\n", unchanged, "1 2 3 4" },
     // separators
-    { "tabs_and_marks", "1\t2;3'4\n ;1;2;3 4\n",
-      [](LocationSource & s) {
-          s.x_column = 2;
-          s.y_column = 3;
-          s.z_column = 4;
-          s.value_column[0] = 0;
-      },
+    { "tabs_and_marks", "1\t2;3'4\n ;1;2;3 4\n", [](auto & s) { s.x_column = 2; s.y_column = 3; s.z_column = 4; s.value_column[0] = 0; },
       "2 3 4; 1 2 3" },
-    { "commas_with_empty_field", "1, 2 ,,4\n", unchanged,
-      "1 2 *"
-      " *" },
+    { "commas_with_empty_field", "1, 2 ,,4\n", unchanged, "1 2 * *" },
     { "stray_comma_changes_its_line_only", "1 2 3 4\n1 2 3, 4\n5 6 7 8\n", unchanged, "1 2 3 4; 5 6 7 8" },
     { "quoted_comma", "\"a, b\",1,2,3,\"4\"\n", with_line_in_1, "1 2 3 4 [a, b]" },
     { "quoted_number_between_blanks", "\"1\" 2 3 4\n5 6 7 8\n", unchanged, "5 6 7 8" },
     { "quoted_text_between_blanks_keeps_its_quotes", "\"a b\" 1 2 3 4\n", with_line_in_1, "1 2 3 4 [\"a b\"]" },
     // numbers
     { "forms", "+1.5e1 -.5 2. 1E-2\n1d2 2 3 4\n1e999 2 3 4\n", unchanged, "15 -0.5 2 0.01" },
-    { "all_digits_count", "7243072060574951.5 0.1234567890123456789 3 4\n", [](LocationSource & s) { s.value_column[0] = 0; },
+    { "all_digits_count", "7243072060574951.5 0.1234567890123456789 3 4\n", [](auto & s) { s.value_column[0] = 0; },
       "7.24307206057495E+15 0.123456789012346 3" },
     // a field that is no number ends the record
     { "short_lines", "1 2\n1\n", unchanged, "1 2 * *" },
     { "star_right_of_the_place", "1 2 3 *\n", unchanged, "1 2 3 *" },
-    { "star_left_of_the_place", "* 2 3 4\n",
-      [](LocationSource & s) {
-          s.x_column = 2;
-          s.y_column = 3;
-          s.z_column = 4;
-          s.value_column[0] = 1;
-      },
+    { "star_left_of_the_place", "* 2 3 4\n", [](auto & s) { s.x_column = 2; s.y_column = 3; s.z_column = 4; s.value_column[0] = 1; },
       "" },
     { "star_in_z_hides_the_value", "1 2 * 4\n", unchanged, "1 2 * *" },
     // which lines are records: blank lines count, comments do not
-    { "increment", "1 0 0 0\n\n2 0 0 0\n\\comment\n3 0 0 0\n4 0 0 0\n5 0 0 0\n", [](LocationSource & s) { s.read_increment = 3; },
+    { "increment", "1 0 0 0\n\n2 0 0 0\n\\comment\n3 0 0 0\n4 0 0 0\n5 0 0 0\n", [](auto & s) { s.read_increment = 3; },
       "2 0 0 0; 5 0 0 0" },
-    { "increment_past_the_end", "1 0 0 0\n2 0 0 0\n3 0 0 0\n", [](LocationSource & s) { s.read_increment = 2; }, "2 0 0 0" },
-    { "blanks_are_a_record", "1 0 0 0\n  \n3 0 0 0\n4 0 0 0\n", [](LocationSource & s) { s.read_increment = 2; }, "4 0 0 0" },
-    { "first_line_is_not_looked_at", "!\n\n\\x\n1 2 3 4\n! 5 6 7 8\n", [](LocationSource & s) { s.first_data_line = 4; },
-      "1 2 3 4" },
+    { "increment_past_the_end", "1 0 0 0\n2 0 0 0\n3 0 0 0\n", [](auto & s) { s.read_increment = 2; }, "2 0 0 0" },
+    { "blanks_are_a_record", "1 0 0 0\n  \n3 0 0 0\n4 0 0 0\n", [](auto & s) { s.read_increment = 2; }, "4 0 0 0" },
+    { "first_line_is_not_looked_at", "!\n\n\\x\n1 2 3 4\n! 5 6 7 8\n", [](auto & s) { s.first_data_line = 4; }, "1 2 3 4" },
     // roles
-    { "depth_and_offset", "1 2 3 4\n1 2 * 4\n",
-      [](LocationSource & s) {
-          s.z_is_depth = 1;
-          s.elevation_offset = 10;
-      },
-      "1 2 7 4; 1 2 * *" },
-    { "one_column_in_many_roles", "1 2\n3 4\n",
-      [](LocationSource & s) {
-          s.z_column = 1;
-          s.value_column[0] = 2;
-          s.line_column = 2;
-      },
+    { "depth_and_offset", "1 2 3 4\n1 2 * 4\n", [](auto & s) { s.z_is_depth = 1; s.elevation_offset = 10; }, "1 2 7 4; 1 2 * *" },
+    { "one_column_in_many_roles", "1 2\n3 4\n", [](auto & s) { s.z_column = 1; s.value_column[0] = 2; s.line_column = 2; },
       "1 2 * 2 [2]; 3 4 * 4 [4]" },
     { "zero_line", "0 0 0 0 1\n5 0 0 0 1\n0 0 0 1 1\n", with_line_in_1, "0 0 0 1 [5]; 0 0 1 1 [0]" },
     { "zero_point_without_lines", "0 0 0 1\n", unchanged, "0 0 0 1" },
     { "dropped_records_name_lines", "a 1 2 3 4\nb * 2 3 4\na 5 6 7 8\n", with_line_in_1, "1 2 3 4 [a]; 5 6 7 8 [a]" },
-    { "transform", "10 0 5 1\n10 0 * 1\n",
-      [](LocationSource & s) {
-          s.transform.x_scale = 2;
-          s.transform.new_x_origin = 100;
-          s.transform.elevation_shift = 1;
-          s.transform.elevation_scale = 2;
-          normalise_point_transform(s.transform);
-      },
-      "120 0 12 1; 120 0 * *" },
-    { "interpolated", "a 0 0 0 1\na 30 0 6 2\nb 60 0 0 3\n",
-      [](LocationSource & s) {
-          with_line_in_1(s);
-          s.interpolation_interval = 10;
-      },
+    { "transform", "10 0 5 1\n10 0 * 1\n", doubled_and_shifted, "120 0 12 1; 120 0 * *" },
+    { "interpolated", "a 0 0 0 1\na 30 0 6 2\nb 60 0 0 3\n", [](auto & s) { with_line_in_1(s); s.interpolation_interval = 10; },
       "0 0 0 1 [a]; 10 0 2 2 [a]; 20 0 4 2 [a]; 30 0 6 2 [a]; 60 0 0 3 [b]" },
 };
+// clang-format on
 
 TEST(read_locations_file, given_a_text_then_its_points)
 {

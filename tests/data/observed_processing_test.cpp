@@ -75,6 +75,8 @@ struct SelectionCase {
     const char * selected;
 };
 
+// A row per case.
+// clang-format off
 const SelectionCase selection_cases[] = {
     // the limits: the first node takes readings, the last does not; edges move a hundredth of a cell into theirs
     { "first_node", "0 0 120 7\n", unchanged, "1: 0.1 0.1 120 7" },
@@ -86,45 +88,22 @@ const SelectionCase selection_cases[] = {
     { "dummy_z", "5 5 -99999.5 1\n5 5 -9999.05 1\n15 5 -999.05 1\n25 5 -9999.2 1\n5 5 -999.005 1\n", unchanged,
       "2: 15 5 -999.05 1; 3: 25 5 -9999.2 1" },
     { "dummy_values", "5 5 120 -99998.5\n15 5 120 -999\n25 5 120 *\n35 5 120 -998\n", unchanged, "4: 35 5 120 -998" },
-    { "nulls_stay_with_an_integration_time", "5 5 120 -99998.5\n15 5 120 *\n",
-      [](InversionDefinition & d) { d.data_integration_time = 1; }, "1: 5 5 120 *; 2: 15 5 120 *" },
-    { "null_in_the_second_value", "5 5 120 1 -999\n15 5 120 2 3\n",
-      [](InversionDefinition & d) {
-          d.obs_data_type_count = 2;
-          d.data_value_column[1] = 5;
-      },
+    { "nulls_stay_with_an_integration_time", "5 5 120 -99998.5\n15 5 120 *\n", [](auto & d) { d.data_integration_time = 1; },
+      "1: 5 5 120 *; 2: 15 5 120 *" },
+    { "null_in_the_second_value", "5 5 120 1 -999\n15 5 120 2 3\n", [](auto & d) { d.obs_data_type_count = 2; d.data_value_column[1] = 5; },
       "2: 15 5 120 2" },
-    { "base_and_scale", "5 5 120 110\n",
-      [](InversionDefinition & d) {
-          d.obs_base_value = 100;
-          d.obs_scale_value = -2;
-      },
-      "1: 5 5 120 -20" },
+    { "base_and_scale", "5 5 120 110\n", [](auto & d) { d.obs_base_value = 100; d.obs_scale_value = -2; }, "1: 5 5 120 -20" },
     // elevations: an offset counts twice on a z from the file
-    { "fixed_with_offset", "5 5 120 1\n", [](InversionDefinition & d) { d.sensor_offset() = 3; }, "1: 5 5 126 1" },
-    { "above_ground_with_offset", "5 5 20 1\n",
-      [](InversionDefinition & d) {
-          d.sensor_offset() = 3;
-          d.sensor_height_type = 0;
-      },
+    { "fixed_with_offset", "5 5 120 1\n", [](auto & d) { d.sensor_offset() = 3; }, "1: 5 5 126 1" },
+    { "above_ground_with_offset", "5 5 20 1\n", [](auto & d) { d.sensor_offset() = 3; d.sensor_height_type = 0; },
       "1: 5 5 126 1" },
-    { "no_z_fixed", "5 5 20 1\n",
-      [](InversionDefinition & d) {
-          d.sensor_offset() = 130;
-          d.data_z_column[0] = 0;
-      },
+    { "no_z_fixed", "5 5 20 1\n", [](auto & d) { d.sensor_offset() = 130; d.data_z_column[0] = 0; }, "1: 5 5 130 1" },
+    { "no_z_above_ground", "5 5 20 1\n", [](auto & d) { d.sensor_offset() = 30; d.data_z_column[0] = 0; d.sensor_height_type = 0; },
       "1: 5 5 130 1" },
-    { "no_z_above_ground", "5 5 20 1\n",
-      [](InversionDefinition & d) {
-          d.sensor_offset() = 30;
-          d.data_z_column[0] = 0;
-          d.sensor_height_type = 0;
-      },
-      "1: 5 5 130 1" },
-    { "not_chosen_adds_no_ground", "5 5 120 1\n", [](InversionDefinition & d) { d.sensor_height_type = -1; }, "1: 5 5 120 1" },
-    { "lifted", "5 5 90 1\n15 5 110 1\n", [](InversionDefinition & d) { d.sensor_min_height() = 10; },
-      "1: 5 5 110 1; 2: 15 5 110 1" },
+    { "not_chosen_adds_no_ground", "5 5 120 1\n", [](auto & d) { d.sensor_height_type = -1; }, "1: 5 5 120 1" },
+    { "lifted", "5 5 90 1\n15 5 110 1\n", [](auto & d) { d.sensor_min_height() = 10; }, "1: 5 5 110 1; 2: 15 5 110 1" },
 };
+// clang-format on
 
 TEST(process_inversion_data, given_points_then_one_reading_per_cell)
 {
