@@ -1,6 +1,7 @@
 #include "grid/ers_header.h"
 
 #include "support/numbers.h"
+#include "support/paths.h"
 #include "support/text.h"
 #include "support/text_file.h"
 
@@ -74,6 +75,12 @@ double angle(std::string text)
     return negative ? -degrees : degrees;
 }
 
+std::string data_file_of(const Entries & entries, const std::string & path)
+{
+    const auto named = entry(entries, "DATASETHEADER.DATAFILE");
+    return named ? path.substr(0, path.size() - file_name_of_path(path).size()) + *named : path.substr(0, path.rfind('.'));
+}
+
 std::optional<std::pair<double, double>> registration_coordinate(const Entries & entries)
 {
     constexpr std::pair<const char *, const char *> names[] = { { "EASTINGS", "NORTHINGS" },
@@ -98,6 +105,7 @@ ErsHeader read_ers_header(const std::string & path)
     header.cell_size_x = number(entries, "CELLINFO.XDIMENSION");
     header.cell_size_y = number(entries, "CELLINFO.YDIMENSION");
     header.rotation = angle(entry(entries, "COORDINATESPACE.ROTATION").value_or("0"));
+    header.data_file = data_file_of(entries, path);
     if (const auto coordinate = registration_coordinate(entries)) {
         GridLimits limits;
         limits.west = coordinate->first - number(entries, "RASTERINFO.REGISTRATIONCELLX") * header.cell_size_x;

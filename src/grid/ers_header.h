@@ -11,6 +11,7 @@ struct ErsHeader {
     double cell_size_x = 0, cell_size_y = 0;
     std::optional<GridLimits> limits; ///< none without a registration coordinate
     double rotation = 0;              ///< degrees
+    std::string data_file;            ///< a definition path: that of the header without its ending unless it names another
 };
 
 /// Reads an ERMapper header, whichever names it gives its coordinate: Eastings and Northings, Longitude and Latitude (degrees,

@@ -6,7 +6,7 @@
 #include "support/text.h"
 
 #include <array>
-#include <cpl_conv.h>
+#include <cpl_error.h>
 #include <mutex>
 
 namespace {
@@ -20,10 +20,7 @@ constexpr const char * text_as_doubles[] = { "DATATYPE=Float64", nullptr };
 void set_up_gdal()
 {
     static std::once_flag done;
-    std::call_once(done, [] {
-        GDALAllRegister();
-        CPLSetConfigOption("GXF_DATATYPE", "Float64");
-    });
+    std::call_once(done, [] { GDALAllRegister(); });
 }
 
 }
@@ -40,7 +37,7 @@ QuietGdal::~QuietGdal() { CPLPopErrorHandler(); }
 std::string last_gdal_error()
 {
     const std::string text = CPLGetLastErrorMsg();
-    return text.empty() ? "its content cannot be used" : text;
+    return text.empty() ? "its header cannot be used" : text;
 }
 
 std::string gdal_path(const std::string & path)

@@ -3,6 +3,7 @@
 #include "grid/ers_header.h"
 #include "grid/gdal_dataset.h"
 #include "grid/grid_formats.h"
+#include "grid/netcdf_size.h"
 #include "support/fault.h"
 #include "support/file_bytes.h"
 #include "support/missing.h"
@@ -18,8 +19,8 @@
 namespace {
 
 constexpr double surfer_null = 1.70141e38;
-constexpr double gxf_null = -1e12; // what a GXF without #DUMMY has for its empty cells
 constexpr const char * no_position = "it has no position: neither coordinates nor cell sizes are given";
+constexpr const char * cut_short = "it is cut short: it holds fewer values than its header says";
 constexpr const char * rotated = "it is rotated, and only grids along the axes can be read";
 
 struct FreeList {
@@ -101,6 +102,19 @@ std::int32_t band_in_range(std::int32_t band, std::size_t count)
     return band >= 1 && band <= static_cast<std::int32_t>(count) ? band : 1;
 }
 
+/// What GDAL would pass over in silence, or refuse without a reason.
+void check_parts(const std::string & path, const std::string & driver)
+{
+    if (driver == "ERS") {
+        const std::string data_file = read_ers_header(path).data_file;
+        if (find_file(data_file).empty()) throw Fault("its data file " + file_name_of_path(data_file) + " is missing");
+    }
+    if (driver == "netCDF") {
+        const FileBytes file(path);
+        if (file.text().size() < promised_netcdf_size(file.text())) throw Fault(cut_short);
+    }
+}
+
 class GdalGrid : public GridSource {
 public:
     GdalGrid(const std::string & path, const std::string & name, const std::string & driver, std::int32_t band)
@@ -171,7 +185,7 @@ private:
         const int bytes = body == BodySize::text ? 2 : GDALGetDataTypeSizeBytes(GDALGetRasterDataType(band_));
         const double bands = body == BodySize::text ? 1 : GDALGetRasterCount(dataset_.get());
         const double least = double{ 1 } * header_.columns * header_.rows * bytes * bands - (body == BodySize::text ? 1 : 0);
-        if (static_cast<double>(largest) < least) throw Fault("it is cut short: it holds fewer values than its header says");
+        if (static_cast<double>(largest) < least) throw Fault(cut_short);
     }
 
     void take_position()
@@ -203,7 +217,6 @@ private:
         int given = 0;
         const double value = GDALGetRasterNoDataValue(band_, &given);
         if (given != 0 && !std::isnan(value)) header_.null_value = value;
-        if (is_driver(*header_.format, "GXF") && given == 0) header_.null_value = gxf_null;
         if (!header_.null_value) return;
         null_ = *header_.null_value;
         if (GDALGetRasterDataType(band_) == GDT_Float32 && std::abs(null_) < 3e38)
@@ -249,6 +262,7 @@ std::unique_ptr<GridSource> open_gdal_grid(const std::string & path, std::int32_
     const std::string name = gdal_path(path);
     const std::string driver = driver_of_file(name, grid_drivers());
     if (driver.empty()) return nullptr;
+    check_parts(path, driver);
     return std::make_unique<GdalGrid>(path, name, driver, band);
 }
 

@@ -5,6 +5,7 @@
 #include "grid/grid_source.h"
 #include "grid/image_registration.h"
 #include "support/fault.h"
+#include "support/file_bytes.h"
 #include "support/numbers.h"
 #include "support/paths.h"
 #include "support/text.h"
@@ -33,6 +34,14 @@ void take_header(const GridHeader & found, GridHeader & header)
     header.work_name = work;
 }
 
+/// An SRTM tile holds nothing but squares of 16-bit values; its position is in its name alone.
+bool is_unplaced_hgt(const std::string & path)
+{
+    constexpr std::size_t sizes[] = { 2 * 1201 * 1201, 2 * 1801 * 3601, 2 * 3601 * 3601 };
+    return same_text(file_extension_of_path(path), "HGT") &&
+           std::ranges::find(sizes, FileBytes(path).text().size()) != std::end(sizes);
+}
+
 Status detect_grid(GridHeader & header)
 {
     std::string fault;
@@ -42,6 +51,8 @@ Status detect_grid(GridHeader & header)
         fault = header_fault(header);
     }
     header.fault = fault;
+    if (!source && fault.empty() && is_unplaced_hgt(header.file_name))
+        header.fault = "its name gives no position, as N46E008.hgt would";
     return source && fault.empty() ? Status::good : Status::bad;
 }
 

@@ -17,7 +17,7 @@ constexpr GridFormat formats[] = {
     { 6, "Arc ASCII grid", "AAIGrid", cell, "NODATA_value of the header", BodySize::text },
     { 7, "netCDF", "netCDF", node, "_FillValue or missing_value of the variable", BodySize::packed },
     { 8, "SRTM", "SRTMHGT", node, "-32768", BodySize::raw },
-    { 9, "GXF", "GXF", node, "#DUMMY of the header, -1E+12 without one", BodySize::packed },
+    { 9, "GXF", "", node, "#DUMMY of the header and ! in packed values", BodySize::packed },
     { 10, "Geosoft binary grid", "", node, "the dummy of the stored type", BodySize::raw },
     { 11, "Esri raw grid", "EHdr", cell, "NODATA of the header", BodySize::raw },
     { 12, "ENVI", "ENVI", cell, "data ignore value of the header", BodySize::raw },

@@ -2,6 +2,7 @@
 
 #include "grid/gdal_grid.h"
 #include "grid/geosoft_grid.h"
+#include "grid/gxf_grid.h"
 #include "support/fault.h"
 
 #include <algorithm>
@@ -23,6 +24,7 @@ std::unique_ptr<GridSource> open_grid_source(const std::string & path, std::int3
     fault.clear();
     try {
         if (is_geosoft_grid(path)) return open_geosoft_grid(path);
+        if (is_gxf_grid(path)) return open_gxf_grid(path);
         return open_gdal_grid(path, band);
     } catch (const Fault & found) {
         fault = found.what();
