@@ -38,3 +38,6 @@ struct TransformOptions {
 
 /// Reads points from standard input and prints them transformed.
 Status transform_command(const TransformOptions & options, Host & display);
+
+/// Prints what the grid access makes of a file, one "name: value" a line.
+Status grid_command(const std::string & file, Host & display);

@@ -44,6 +44,7 @@ struct CommandLine {
     std::vector<std::string> skip_tiles;
     SaveOptions save;
     std::string check;
+    std::string grid;
     TransformOptions transform;
 };
 
@@ -138,9 +139,17 @@ void add_transform(CommandLine & line)
     });
 }
 
+void add_grid(CommandLine & line)
+{
+    CLI::App * const command = line.parser.add_subcommand("grid", "Print what a grid file is understood to be");
+    command->add_option("FILE", line.grid, "grid, picture or point file")->required();
+    command->callback(
+        [&line] { line.run = [&line](Host & host) { return grid_command(absolute_definition_path(line.grid), host); }; });
+}
+
 void add_later_commands(CommandLine & line)
 {
-    for (const char * name : { "limits", "mesh", "model", "grid", "igrf", "start" }) {
+    for (const char * name : { "limits", "mesh", "model", "igrf", "start" }) {
         CLI::App * const command = line.parser.add_subcommand(name, "not available yet");
         command->allow_extras();
         command->callback([&line, name] {
@@ -193,6 +202,7 @@ int main(int argument_count, char ** arguments)
     add_check(line);
     add_save(line);
     add_transform(line);
+    add_grid(line);
     add_later_commands(line);
     try {
         line.parser.parse(argument_count, arguments);
