@@ -29,6 +29,16 @@ struct SaveOptions {
 
 Status save_command(const SaveOptions & options, Host & display);
 
+/// What `limits` was asked for.
+struct LimitsOptions {
+    std::string definition;
+    std::string output;
+    std::string from = "data"; ///< data or topo
+};
+
+/// Sets the mesh limits of a definition from its data or its topography and saves it.
+Status limits_command(const LimitsOptions & options, Host & display);
+
 /// What `transform` was asked for: one of the two files.
 struct TransformOptions {
     std::string transform_file;

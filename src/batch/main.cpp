@@ -45,6 +45,7 @@ struct CommandLine {
     SaveOptions save;
     std::string check;
     std::string grid;
+    LimitsOptions limits;
     TransformOptions transform;
 };
 
@@ -119,6 +120,25 @@ void add_save(CommandLine & line)
     });
 }
 
+void add_limits(CommandLine & line)
+{
+    CLI::App * const command =
+        line.parser.add_subcommand("limits", "Set the mesh limits from the data or the topography, and save");
+    command->add_option("DEFINITION", line.limits.definition, "definition file")->required();
+    command->add_option("--from", line.limits.from, "where the limits come from")
+        ->check(CLI::IsMember({ "data", "topo" }))
+        ->required();
+    command->add_option("--output", line.limits.output, "definition file to write")->required();
+    command->add_flag("--yes", line.yes, "answer every question with Yes");
+    command->callback([&line] {
+        line.run = [&line](Host & host) {
+            line.limits.definition = absolute_definition_path(line.limits.definition);
+            line.limits.output = absolute_definition_path(line.limits.output);
+            return limits_command(line.limits, host);
+        };
+    });
+}
+
 void add_transform(CommandLine & line)
 {
     CLI::App * const command =
@@ -149,7 +169,7 @@ void add_grid(CommandLine & line)
 
 void add_later_commands(CommandLine & line)
 {
-    for (const char * name : { "limits", "mesh", "model", "igrf", "start" }) {
+    for (const char * name : { "mesh", "model", "igrf", "start" }) {
         CLI::App * const command = line.parser.add_subcommand(name, "not available yet");
         command->allow_extras();
         command->callback([&line, name] {
@@ -201,6 +221,7 @@ int main(int argument_count, char ** arguments)
     add_create(line);
     add_check(line);
     add_save(line);
+    add_limits(line);
     add_transform(line);
     add_grid(line);
     add_later_commands(line);

@@ -2,6 +2,8 @@
 
 #include "data/location_reader.h"
 #include "data/observed_processing.h"
+#include "grid/grid_detection.h"
+#include "grid/grid_statistics.h"
 #include "rules/apply_definition.h"
 #include "rules/validation.h"
 #include "support/missing.h"
@@ -39,6 +41,29 @@ Status point_extent(const InversionDefinition & definition, int slot, FileExtent
     extent.lowest = statistics.z.minimum;
     extent.highest = statistics.z.maximum;
     extent.mean = statistics.value[0].mean;
+    return Status::good;
+}
+
+Status grid_extent(const std::string & path, FileExtent & extent, Host & host)
+{
+    GridHeader header;
+    header.file_name = path;
+    if (detect_grid_file(header, host.dialogs) != Status::good) {
+        host.dialogs.message("There was an error reading the grid file");
+        return Status::bad;
+    }
+    GridStatistics statistics;
+    if (grid_statistics(header, Median::left_out, statistics, host.dialogs) != Status::good) return Status::bad;
+    if (statistics.count == 0) {
+        host.dialogs.message("There was an error calculating the grid file statistics");
+        return Status::bad;
+    }
+    extent.plan = { header.limits.west, header.limits.east, header.limits.south, header.limits.north };
+    extent.lowest = to_f32(statistics.minimum);
+    extent.highest = to_f32(statistics.maximum);
+    extent.mean = to_f32(statistics.mean);
+    extent.cell_x = header.cell_size_x;
+    extent.cell_y = header.cell_size_y;
     return Status::good;
 }
 
@@ -97,4 +122,36 @@ void set_elevation_limits(InversionDefinition & definition, const FileExtent & e
     definition.mesh_min[2] = std::min(definition.mesh_min[2], -default_depth(definition));
 }
 
+}
+
+Status set_limits_from_file(Setup & setup, int index, Host & host)
+{
+    const bool from_topography = index == 1;
+    InversionDefinition & definition = setup.definition;
+    const int slot = !from_topography && definition.data_file_type == 1 ? 2 : index;
+    if (check_file_definitions(setup, slot, host) != Status::good) return Status::bad;
+    const auto at = static_cast<std::size_t>(slot);
+
+    FileExtent extent;
+    const Status status = definition.data_kind[at] == 1 ? grid_extent(definition.data_file[at], extent, host)
+                                                        : point_extent(definition, slot, extent, host);
+    if (status != Status::good) return status;
+    if (from_topography && !(extent.lowest <= extent.highest)) {
+        host.dialogs.message("No elevations were found in the file: " + definition.data_file[at]);
+        return Status::bad;
+    }
+    extent.plan = rotated_extents(definition.coordinate_transform, TransformDirection::forward, extent.plan);
+
+    InversionDefinition limited = definition;
+    if (from_topography) {
+        set_elevation_limits(limited, extent);
+    } else {
+        set_plan_limits(limited, extent);
+    }
+    load_mag3d_form(setup, limited, Selection::mesh, host);
+    if (!from_topography) {
+        definition.obs_base_value = extent.mean;
+        setup.form["Text_UBC_regional_field"].text = format_number(extent.mean, "0.0");
+    }
+    return Status::good;
 }
