@@ -239,7 +239,7 @@ char * put_exponent(char * at, float value)
     const auto bits = std::bit_cast<std::uint32_t>(value);
     const std::uint32_t biased = (bits >> 23) & 0xFFU;
     if (value == 0) {
-        std::memcpy(at, "0.00000E+00", 11);
+        std::copy_n("0.00000E+00", 11, at);
         return at + 11;
     }
     if (biased == 0 || biased == 255) return put_text(at, format_number(static_cast<double>(value), "0.00000E+00"));
