@@ -1,4 +1,5 @@
 #include "grid/grid_detection.h"
+#include "grid/grid_formats.h"
 #include "rules/box_checks.h"
 #include "rules/validation.h"
 #include "rules/validation_steps.h"
@@ -30,9 +31,13 @@ Status settle_kind(Setup & setup, int slot, Host & host)
     const std::string & path = file_of(setup, slot);
     const std::string name = file_name_of_path(path);
     std::int32_t & kind = setup.definition.data_kind[static_cast<std::size_t>(slot)];
-    const bool is_grid = is_grid_file(path);
+    GridHeader header;
+    header.file_name = path;
+    const bool is_grid = detect_grid_file(header, host.dialogs) == Status::good && file_kind(header) == FileKind::grid;
+    const std::string reason = header.fault.empty() ? "" : ": " + header.fault;
     kind = is_grid ? grid_kind : same_text(file_extension_of_path(path), "GDB") ? database_kind : text_kind;
-    if (slot > topography && !is_grid) return refuse("The grid file format could not be dertermined for the file: " + name, host);
+    if (!is_grid && (slot > topography || !reason.empty()))
+        return refuse("The grid file format could not be dertermined for the file: " + name + reason, host);
     if (slot > topography) return Status::good;
     if (is_grid) return refuse_grid(path, host);
     if (kind == database_kind)
