@@ -20,7 +20,25 @@ TEST(commands, given_a_command_line_then_streams_and_status_are_apart)
                         "     Station        Depth      East       North\r\n 7 8 1000 2000\r\n 7 8 1100 2000\r\n 0 1\r\n");
     const std::string definition = host_file(survey.folder, "tiny.inp");
     const std::string shift = host_file(survey.folder, "shift.crd");
+    survey.folder.write("a.grd", "DSAA\n2 2\n0 10\n0 20\n1 4\n1.5 2\n1.70141e38 4\n");
+    survey.folder.write("cut.grd", "DSAA\n200 200\n0 10\n0 20\n1 4\n1.5 2\n3 4\n");
     const CommandCase cases[] = {
+        { "grid",
+          { "grid", host_file(survey.folder, "a.grd") },
+          "",
+          0,
+          "kind: grid\ncolumns: 2\nrows: 2\nextent: -5 15 -10 30\ncell_size: 10 20\nminimum: 1.5\nmaximum: 4\nmean: 2.5\n"
+          "null_cells: 1\nformat: Surfer 6 text grid\nregistration: node\n"
+          "null_rule: values of 1.70141E+38 and above (1.70141E+38); any value at or below -1E+30\n",
+          "" },
+        { "grid_of_points", { "grid", host_file(survey.folder, "ground.xyz") }, "", 0, "kind: point\n", "" },
+        { "grid_cut_short",
+          { "grid", host_file(survey.folder, "cut.grd") },
+          "",
+          1,
+          "",
+          "message: The grid file format could not be dertermined for the file: " + survey.folder.file("cut.grd") +
+              ": it is cut short: it holds fewer values than its header says\n" },
         { "check", { "check", definition }, "", 0, "valid\n", "" },
         { "transform", { "transform", "--crd", shift }, "1 2 3\n\n-1.5,0.25\n", 0, "1001 2002 16\n998.5 2000.25\n", "" },
         { "transform_inverse", { "transform", "--crd", shift, "--inverse" }, "1001 2002 16\n", 0, "1 2 3\n", "" },

@@ -144,6 +144,33 @@ TEST(grid_statistics, given_values_then_what_is_worked_by_hand)
     EXPECT_EQ((std::array{ statistics.count, statistics.null_count }), (std::array<std::int64_t, 2>{ 4, 1 }));
 }
 
+TEST(grid_statistics, given_packed_grids_of_others_then_what_their_makers_say)
+{
+    struct Case {
+        const char * file;
+        std::int64_t count, null_count;
+        double minimum, maximum, mean, west, north;
+    };
+    const Case cases[] = {
+        { "om_compress.grd", 1795, 655, -0.9928663, 45.2592621, 9.7829342, 0.5, 24.5 }, // as its header has them
+        { "small2.gxf", 21, 59, 5, 972, 5389.0 / 21, 1749993.75, 4343.75 },             // unpacked by GDAL
+    };
+    for (const Case & c : cases) {
+        SCOPED_TRACE(c.file);
+        RecordedDialogs dialogs;
+        WorkGrid grid(definition_path(DATA_FOLDER) + "\\" + c.file);
+        GridLimits limits;
+        ASSERT_EQ(grid.prepare(limits, dialogs), Status::good);
+        GridStatistics found;
+        ASSERT_EQ(grid_statistics(grid.header(), Median::left_out, found, dialogs), Status::good);
+        EXPECT_EQ((std::array{ found.count, found.null_count }), (std::array{ c.count, c.null_count }));
+        EXPECT_NEAR(found.minimum, c.minimum, 5e-8);
+        EXPECT_NEAR(found.maximum, c.maximum, 5e-8);
+        EXPECT_NEAR(found.mean, c.mean, 1e-6);
+        EXPECT_EQ((std::array{ limits.west, limits.north }), (std::array{ c.west, c.north }));
+    }
+}
+
 TEST(GridSampler, given_positions_between_beside_and_beyond_cell_centres_then_what_is_worked_by_hand)
 {
     const TemporaryFolder folder;
