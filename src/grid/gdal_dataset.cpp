@@ -36,7 +36,8 @@ QuietGdal::~QuietGdal() { CPLPopErrorHandler(); }
 
 std::string last_gdal_error()
 {
-    const std::string text = CPLGetLastErrorMsg();
+    std::string text = CPLGetLastErrorMsg();
+    while (text.ends_with('\n')) text.pop_back();
     return text.empty() ? "its header cannot be used" : text;
 }
 

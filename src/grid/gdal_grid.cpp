@@ -3,6 +3,7 @@
 #include "grid/ers_header.h"
 #include "grid/gdal_dataset.h"
 #include "grid/grid_formats.h"
+#include "grid/netcdf_position.h"
 #include "grid/netcdf_size.h"
 #include "support/fault.h"
 #include "support/file_bytes.h"
@@ -134,6 +135,18 @@ public:
 
     void read(const GridWindow & window, std::span<double> values) override
     {
+        GridWindow stored = window;
+        if (upside_down_) stored.row = header_.rows - window.row - window.rows;
+        read_stored(stored, values);
+        if (!upside_down_) return;
+        const auto width = static_cast<std::size_t>(window.columns);
+        for (std::size_t top = 0, bottom = values.size() - width; top < bottom; top += width, bottom -= width)
+            std::ranges::swap_ranges(values.subspan(top, width), values.subspan(bottom, width));
+    }
+
+private:
+    void read_stored(const GridWindow & window, std::span<double> values)
+    {
         const QuietGdal quiet;
         if (GDALRasterIO(band_, GF_Read, window.column, window.row, window.columns, window.rows, values.data(), window.columns,
                          window.rows, GDT_Float64, 0, 0) != CE_None)
@@ -142,7 +155,6 @@ public:
         if ((GDALGetMaskFlags(band_) & GMF_PER_DATASET) != 0) apply_mask(window, values);
     }
 
-private:
     void choose_band(const std::string & driver, std::int32_t band)
     {
         const std::vector<std::string> variables = variables_of(dataset_.get());
@@ -175,13 +187,13 @@ private:
         const BodySize body = header_.format->body;
         if (body == BodySize::packed) return;
         const std::unique_ptr<char *, FreeList> files(GDALGetFileList(dataset_.get()));
-        std::uintmax_t largest = 0;
-        for (int i = 0; i < CSLCount(files.get()); ++i) {
+        std::uintmax_t largest =
+            FileBytes(header_.format->code == ermapper_code ? read_ers_header(path_).data_file : path_).text().size();
+        for (int i = 0; i < CSLCount(files.get()) && header_.format->code != ermapper_code; ++i) {
             std::error_code error;
             const std::uintmax_t size = std::filesystem::file_size(files.get()[i], error);
             if (!error) largest = std::max(largest, size);
         }
-        if (largest == 0) largest = FileBytes(path_).text().size();
         const int bytes = body == BodySize::text ? 2 : GDALGetDataTypeSizeBytes(GDALGetRasterDataType(band_));
         const double bands = body == BodySize::text ? 1 : GDALGetRasterCount(dataset_.get());
         const double least = double{ 1 } * header_.columns * header_.rows * bytes * bands - (body == BodySize::text ? 1 : 0);
@@ -190,6 +202,7 @@ private:
 
     void take_position()
     {
+        if (is_driver(*header_.format, "netCDF") && take_netcdf_position()) return;
         const auto positions = positions_of(dataset_.get());
         if (!positions) throw Fault(no_position);
         if (positions->is_turned()) throw Fault(rotated);
@@ -199,6 +212,18 @@ private:
         header_.limits.north = positions->north;
         header_.limits.east = positions->west + header_.columns * header_.cell_size_x;
         header_.limits.south = positions->north - header_.rows * header_.cell_size_y;
+    }
+
+    bool take_netcdf_position()
+    {
+        const bool is_placed = positions_of(dataset_.get()).has_value();
+        const auto position = netcdf_position(host_path(path_).string(), metadata_text(band_, "NETCDF_VARNAME"));
+        if (!position || (is_placed && !position->has_range)) return false; // GDAL minds units and turned poles
+        header_.limits = position->limits;
+        header_.cell_size_x = (header_.limits.east - header_.limits.west) / header_.columns;
+        header_.cell_size_y = (header_.limits.north - header_.limits.south) / header_.rows;
+        upside_down_ = !is_placed && position->rows_run_south;
+        return true;
     }
 
     /// GDAL drops a position that is given as MetersX and MetersY, so the header is read here.
@@ -252,6 +277,7 @@ private:
     double null_ = missing_value;
     double greatest_ = HUGE_VAL; ///< values from here up are missing; infinity always is
     double scale_ = 1, offset_ = 0;
+    bool upside_down_ = false; ///< as GDAL gives the rows
 };
 
 }

@@ -28,8 +28,9 @@ Status settle_kind(Setup & setup, int slot, Host & host)
     header.file_name = path;
     const bool is_grid = detect_grid_file(header, host.dialogs) == Status::good && file_kind(header) == FileKind::grid;
     kind = is_grid ? grid_kind : same_text(file_extension_of_path(path), "GDB") ? database_kind : text_kind;
-    if (!is_grid && !header.fault.empty()) return refuse(header.fault, host);
-    if (slot > topography && !is_grid) return refuse("The grid file format could not be dertermined for the file: " + name, host);
+    const std::string reason = header.fault.empty() ? "" : ": " + header.fault;
+    if (!is_grid && (slot > topography || !reason.empty()))
+        return refuse("The grid file format could not be dertermined for the file: " + name + reason, host);
     if (slot == observed_points && is_grid)
         return refuse("The observed data file is a grid: " + name +
                           ". Give it as the observed data grid, with grids as the data file type",
