@@ -11,7 +11,7 @@ import pandas as pd
 
 WEST, SOUTH = 450000.0, 7550000.0  # corner of the core, metres
 CELL, CELL_Z = 50.0, 25.0
-PADDING_XY, PADDING_Z = "1,1,1.2,1.5,2,3,4,6", "1,1,1,1,1.5,1.5,2,2,3,3,4,5,6,8,10,12"
+PADDING_XY, PADDING_Z = "1,1,1.25,1.5,2,3,4,6", "1,1,1,1,1.5,1.5,2,2,3,3,4,5,6,8,10,12"
 
 DEFINITION = """Version 3.0
 Inversion method: 4

@@ -8,6 +8,7 @@ import os
 import shutil
 import subprocess
 import sys
+import tempfile
 import time
 
 import make_create_inputs
@@ -31,13 +32,14 @@ def run_once(command, output):
     """Seconds and peak megabytes of one run into a fresh folder."""
     shutil.rmtree(output, ignore_errors=True)
     started = time.perf_counter()
-    with open(os.devnull, "w") as nothing:
-        process = subprocess.Popen(command, stdout=nothing)
+    with tempfile.TemporaryFile() as said:
+        process = subprocess.Popen(command, stdout=said, stderr=said)
         _, status, usage = os.wait4(process.pid, 0)
-    seconds = time.perf_counter() - started
-    process.returncode = os.waitstatus_to_exitcode(status)
-    if process.returncode != 0:
-        raise subprocess.CalledProcessError(process.returncode, command)
+        seconds = time.perf_counter() - started
+        process.returncode = os.waitstatus_to_exitcode(status)
+        if process.returncode != 0:
+            said.seek(0)
+            raise RuntimeError(f"{' '.join(command)} exited {process.returncode}: {said.read().decode(errors='replace')[-500:]}")
     return seconds, usage.ru_maxrss / 1024
 
 

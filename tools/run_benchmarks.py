@@ -34,16 +34,17 @@ def at_most(work, ratio, of, by, limit):
 READ, NEAREST = "read 5 M rows of 10 columns, 5 wanted", "nearest reading per cell, 5 M readings, 1 M cells"
 TOPOGRAPHY, MODEL = "1 M points of the ground onto 512 x 512 cells", "write a model of 8.4 M cells"
 WHOLE, TINY = "create, 1 M readings + 1 M points, 256 x 256 x 64", "create, 100 readings + 100 points, 10 x 10 x 10"
+GROUND = "topography/topography/scattered/1000"
 AIMS = [
     at_least(READ, "numpy.loadtxt / ours", "location_reader/numpy_loadtxt", "location_reader/ours", 2),
     at_least(READ, "pandas' C parser / ours", "location_reader/pandas", "location_reader/ours", 4.3),
     at_most(READ, "ours / mapped file and from_chars", "location_reader/ours", "location_reader/floor", 1.25),
     at_least(NEAREST, "numpy minimum.at / ours", "nearest_reading/numpy_minimum_at", "nearest_reading/ours", 10),
     at_most(NEAREST, "ours / one pass", "nearest_reading/ours", "nearest_reading/floor", 2),
-    at_least(TOPOGRAPHY, "scipy / ours", "topography/scipy", "topography/ours", 8.5),
-    at_least(TOPOGRAPHY, "gdal_grid / ours", "topography/gdal_grid", "topography/ours", 9),
-    at_most(TOPOGRAPHY, "ours / CGAL alone", "topography/ours", "topography/floor", 1.25),
-    at_most(TOPOGRAPHY, "a lattice of points / scattered ones", "topography/ours_lattice", "topography/ours", 1.35),
+    at_least(TOPOGRAPHY, "scipy / ours", "topography/topography_scipy", GROUND, 8.5),
+    at_least(TOPOGRAPHY, "gdal_grid / ours", "topography/topography_gdal_grid", GROUND, 9),
+    at_most(TOPOGRAPHY, "ours / CGAL alone", GROUND, "topography/cgal_alone/scattered/1000", 1.25),
+    at_most(TOPOGRAPHY, "a lattice of points / scattered ones", "topography/topography/lattice/1000", GROUND, 1.35),
     at_least(MODEL, "numpy.savetxt / ours", "model_write/numpy_savetxt", "model_write/ours", 22),
     at_least(MODEL, "formatting in blocks / ours", "model_write/blocks", "model_write/ours", 6),
     at_most(MODEL, "ours / std::to_chars", "model_write/ours", "model_write/floor", 0.5),

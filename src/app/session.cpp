@@ -2,8 +2,6 @@
 
 #include "form/main_form.h"
 #include "rules/apply_definition.h"
-#include "rules/mesh_boxes.h"
-#include "support/fault.h"
 
 #include <algorithm>
 
@@ -11,8 +9,6 @@ void start_session(Session & session, Host & host)
 {
     session.setup.form = make_main_form();
     initialise_inversion_form(session.setup, host);
-    // The first derivation of a mesh clears the box of the lower z part, so it has to come before any definition is read.
-    if (unload_mesh_from_form(session.setup, -1, false, host) != Status::good) throw Fault("the default mesh is not valid");
 }
 
 void add_file_to_MRU(Session & session, const std::string & path, Host & host)

@@ -14,7 +14,7 @@ struct Session {
 
 inline constexpr std::size_t most_recent_files = 6;
 
-/// Shows a fresh definition and derives its mesh.
+/// Shows a fresh definition.
 void start_session(Session & session, Host & host);
 
 /// Puts a path at the head of the recent files, where it stands once, and keeps the list in the settings.

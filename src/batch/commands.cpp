@@ -3,6 +3,7 @@
 #include "app/create_command.h"
 #include "app/file_commands.h"
 #include "app/form_progress.h"
+#include "batch/terminal_host.h"
 #include "rules/change_rules.h"
 #include "rules/validation.h"
 #include "support/numbers.h"
@@ -19,7 +20,7 @@ namespace {
 struct BatchSession {
     explicit BatchSession(Host & display)
         : progress(session.setup.form, display), host{ display.dialogs, progress, display.settings, display.launcher,
-                                                                display.debug }
+                                                       display.debug }
     {
         start_session(session, host);
     }
@@ -123,6 +124,7 @@ Status transform_command(const TransformOptions & options, Host & display)
     const TransformDirection direction = options.inverse ? TransformDirection::inverse : TransformDirection::forward;
     std::string line;
     for (std::int32_t number = 1; std::getline(std::cin, line); ++number) {
+        stop_if_interrupted();
         if (line.ends_with('\r')) line.pop_back();
         if (trim(line).empty()) continue;
         Point point;
@@ -136,5 +138,6 @@ Status transform_command(const TransformOptions & options, Host & display)
         if (point.has_z) text += " " + general_text(point.z);
         std::puts(text.c_str());
     }
+    stop_if_interrupted();
     return Status::good;
 }

@@ -18,6 +18,7 @@ constexpr int exit_interrupted = 130;
 /// A path of the command line, made absolute before any command changes the current folder.
 std::string absolute_definition_path(const std::string & host)
 {
+    if (host.empty()) throw Fault("a path on the command line is empty");
     return definition_path(std::filesystem::absolute(std::filesystem::path(host)).lexically_normal());
 }
 
@@ -153,9 +154,9 @@ void add_later_commands(CommandLine & line)
 
 int run_command(CommandLine & line)
 {
-    TerminalDialogs dialogs;
-    dialogs.answer_yes = line.yes;
     TerminalProgress progress;
+    TerminalDialogs dialogs(progress);
+    dialogs.answer_yes = line.yes;
     NoSettings settings;
     NoLauncher launcher;
     DebugLog debug;
@@ -167,7 +168,8 @@ int run_command(CommandLine & line)
     watch_for_interrupt();
     try {
         const Status status = line.run(host);
-        if (std::fflush(stdout) != 0) throw Fault("cannot write to standard output");
+        // An earlier flush may have dropped what it could not write; only the stream still knows.
+        if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) throw Fault("cannot write to standard output");
         return exit_status(status, dialogs);
     } catch (const Stopped &) {
         return exit_status(Status::stopped, dialogs);
@@ -179,6 +181,8 @@ int run_command(CommandLine & line)
 
 }
 
+// What is thrown before the command runs is a fault of the program, not of its user, and ends it.
+// NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argument_count, char ** arguments)
 {
     CommandLine line;

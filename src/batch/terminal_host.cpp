@@ -17,11 +17,6 @@ volatile std::sig_atomic_t interrupted = 0;
 
 void note_interrupt(int) { interrupted = 1; }
 
-void stop_if_interrupted()
-{
-    if (interrupted != 0) throw Stopped();
-}
-
 bool standard_error_is_terminal()
 {
 #ifdef _WIN32
@@ -47,12 +42,31 @@ std::string joined(const std::string & text)
 
 }
 
-void watch_for_interrupt() { std::signal(SIGINT, note_interrupt); }
+void watch_for_interrupt()
+{
+#ifdef _WIN32
+    std::signal(SIGINT, note_interrupt);
+#else
+    struct sigaction action = {};
+    action.sa_handler = note_interrupt; // without SA_RESTART, so that a read that waits for a line ends too
+    ::sigaction(SIGINT, &action, nullptr);
+#endif
+}
 
-void TerminalDialogs::message(const std::string & text) { std::fprintf(stderr, "message: %s\n", joined(text).c_str()); }
+void stop_if_interrupted()
+{
+    if (interrupted != 0) throw Stopped();
+}
+
+void TerminalDialogs::message(const std::string & text)
+{
+    progress_.clear_bar();
+    std::fprintf(stderr, "message: %s\n", joined(text).c_str());
+}
 
 bool TerminalDialogs::question(const std::string & text)
 {
+    progress_.clear_bar();
     std::fprintf(stderr, "question: %s -> %s\n", joined(text).c_str(), answer_yes ? "Yes" : "No");
     return answer_yes;
 }

@@ -2,22 +2,6 @@
 
 #include "host/host.h"
 
-/// Message boxes as lines on standard error. Questions are answered No, or Yes throughout; prompts are cancelled.
-class TerminalDialogs : public Dialogs {
-public:
-    bool answer_yes = false;
-
-    void message(const std::string & text) override;
-    bool question(const std::string & text) override;
-    std::optional<std::string> open_file(const FileDialog &) override { return std::nullopt; }
-    std::optional<std::string> save_file(const FileDialog &) override { return std::nullopt; }
-    std::optional<std::string> choose_folder(const std::string &, const std::string &) override { return std::nullopt; }
-    std::optional<std::string> input(const std::string &, const std::string &, const std::string &) override
-    {
-        return std::nullopt;
-    }
-};
-
 /// Finished lines on standard output; on a terminal also a bar with the step's words on standard error. An interrupt (Ctrl-C) is
 /// the user's Stop and takes effect at the next report.
 class TerminalProgress : public Progress {
@@ -30,17 +14,42 @@ public:
     void step(const std::string & text) override;
     void percent(int percent) override;
 
+    /// Makes room for a line of text where the bar stands.
+    void clear_bar();
+
 private:
     void draw(int percent);
-    void clear_bar();
 
     std::string step_;
     bool on_terminal_;
     bool bar_shown_ = false;
 };
 
+/// Message boxes as lines on standard error. Questions are answered No, or Yes throughout; prompts are cancelled.
+class TerminalDialogs : public Dialogs {
+public:
+    bool answer_yes = false;
+
+    explicit TerminalDialogs(TerminalProgress & progress) : progress_(progress) {}
+
+    void message(const std::string & text) override;
+    bool question(const std::string & text) override;
+    std::optional<std::string> open_file(const FileDialog &) override { return std::nullopt; }
+    std::optional<std::string> save_file(const FileDialog &) override { return std::nullopt; }
+    std::optional<std::string> choose_folder(const std::string &, const std::string &) override { return std::nullopt; }
+    std::optional<std::string> input(const std::string &, const std::string &, const std::string &) override
+    {
+        return std::nullopt;
+    }
+
+private:
+    TerminalProgress & progress_;
+};
+
 /// Takes interrupts from now on as the user's Stop.
 void watch_for_interrupt();
+/// Fails with `Stopped` once an interrupt has come. For work that reports no progress.
+void stop_if_interrupted();
 
 /// Settings are the desktop program's; a batch run leaves no trace in them.
 class NoSettings : public SettingsStore {

@@ -167,6 +167,7 @@ Status run_guarded(Run & run)
     std::string fault_text;
     try {
         run_phases(run);
+        run.host.progress.line("Inversion processing complete");
         return Status::good;
     } catch (const Stopped &) {
         return Status::stopped;
@@ -187,10 +188,7 @@ Status create_inversion(const ValidatedDefinition & definition, const UbcMesh & 
     Run run = { start_creation(definition, mesh, folder, mode), *definition, mesh, host };
     host.progress.begin();
     const Status status = run_guarded(run);
-    if (status == Status::good) {
-        host.progress.line("Inversion processing complete");
-        host.dialogs.message("Output complete");
-    }
+    if (status == Status::good) host.dialogs.message("Output complete");
     change_to_path(remembered_folder);
     host.progress.end();
     return status;

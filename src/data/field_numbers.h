@@ -18,10 +18,11 @@ struct Digits {
 
 inline bool is_digit(char c) { return static_cast<unsigned char>(c - '0') < 10; }
 
-inline const char * take_digits(const char * at, const char * end, Digits & digits)
+inline const char * take_digits(const char * at, Digits & digits)
 {
     const char * const first = at;
-    for (; at != end && is_digit(*at); ++at) digits.mantissa = digits.mantissa * 10 + static_cast<unsigned>(*at - '0');
+    // One question per digit and no more: the processor has to foresee the answers for a whole line.
+    for (; is_digit(*at); ++at) digits.mantissa = digits.mantissa * 10 + static_cast<unsigned>(*at - '0');
     digits.count += at - first;
     return at;
 }
@@ -33,7 +34,7 @@ inline const char * take_exponent(const char * at, const char * end, Digits & di
     const bool negative = at != end && *at == '-';
     if (at != end && (*at == '-' || *at == '+')) ++at;
     Digits exponent;
-    at = take_digits(at, end, exponent);
+    at = take_digits(at, exponent);
     if (exponent.count < 1 || exponent.count > 3) return nullptr;
     digits.power += negative ? -static_cast<int>(exponent.mantissa) : static_cast<int>(exponent.mantissa);
     return at;
@@ -42,17 +43,18 @@ inline const char * take_exponent(const char * at, const char * end, Digits & di
 }
 
 /// Reads a number that begins right at `at`, and gives where it ends; nullptr when this is not a number of the everyday form or
-/// one that a double cannot hold, for which `is_numeric` and `number_prefix` must be asked. The value is the nearest double.
+/// one that a double cannot hold, for which `is_numeric` and `number_prefix` must be asked. The value is the nearest double. A
+/// byte that is no digit must stand at `end`.
 inline const char * read_plain_number(const char * at, const char * end, double & value)
 {
     const bool negative = at != end && *at == '-';
     if (at != end && (*at == '-' || *at == '+')) ++at;
     const char * const first = at;
     field_numbers::Digits digits;
-    at = field_numbers::take_digits(at, end, digits);
+    at = field_numbers::take_digits(at, digits);
     if (at != end && *at == '.') {
         const char * const point = at;
-        at = field_numbers::take_digits(at + 1, end, digits);
+        at = field_numbers::take_digits(at + 1, digits);
         digits.power = -static_cast<int>(at - point - 1);
     }
     if (digits.count == 0) return nullptr;

@@ -19,7 +19,7 @@ class LineScanner {
 public:
     LineScanner(TextFile & file, LineReader reader);
 
-    /// The next line, valid until the next call; false at the end of the file.
+    /// The next line, valid until the next call; false at the end of the file. A line end or a NUL stands behind it.
     bool next(std::string_view & line)
     {
         if (at_ < plain_end_ && take_plain(line)) return true;
@@ -52,5 +52,5 @@ private:
     std::string odd_line_;
 };
 
-/// About how many lines a text holds: its line feeds, or its carriage returns where it has no line feed.
+/// About how many lines a text holds, judged by parts of it when it is large.
 std::int64_t estimate_line_count(std::string_view text);

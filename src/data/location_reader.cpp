@@ -41,9 +41,11 @@ void read_text_points(const LocationSource & source, ReadMode mode, ObservedData
     LineScanner lines(file, reader);
     Percentage percentage(host.progress, lines.bytes_total());
     std::string_view line;
+    LocationRecord record;
     for (std::int32_t number = 1; number < source.first_data_line && lines.next(line);) ++number;
     while (next_record(lines, source.read_increment, line)) {
-        points.take(parser.parse(line));
+        parser.parse(line, record);
+        points.take(record);
         if (lines.block_begun()) percentage.report(lines.bytes_read());
     }
     points.finish(data, statistics);

@@ -1,6 +1,7 @@
 #include "data/observed_output.h"
 
 #include "definition/enumerations.h"
+#include "support/bulk_format.h"
 #include "support/file_writer.h"
 #include "support/missing.h"
 #include "support/numbers.h"
@@ -12,7 +13,6 @@
 
 namespace {
 
-constexpr int field_width = 14;
 constexpr std::int32_t any_direction_type = 30; ///< a first data type whose file has a vertical field in its head
 
 /// The numbers of one line.
@@ -23,7 +23,7 @@ struct Datum {
     double extra_value = 0;
 };
 
-void write_field(FileWriter & file, double value) { file.text(pad_left(format_number(value, "0.0000"), field_width)); }
+void write_field(FileWriter & file, double value) { file.commit(put_field(file.room(field_width), value)); }
 
 std::string two_decimals(double value) { return format_number(value, "0.00"); }
 
@@ -50,14 +50,6 @@ void write_header(const InversionDefinition & definition, FileWriter & file)
     }
     file.line(direction + two_decimals(static_cast<double>(definition.mag_intensity)));
     file.line(direction + "1");
-}
-
-/// The size that a value has for its error: own solvers with compressed data want that of its signed root.
-double compressed(double value)
-{
-    if (value > 1) return std::sqrt(value);
-    if (value < -1) return -std::sqrt(-value);
-    return value;
 }
 
 /// Writes the lines of one file.
@@ -96,7 +88,7 @@ private:
             return;
         }
         write_field(file_, value);
-        const double size = std::abs(compress ? compressed(value) : value);
+        const double size = std::abs(compress ? compress_value(value) : value);
         write_field(file_, static_cast<double>(to_f32(size * percent_ / 100 + floor_)));
     }
 

@@ -5,9 +5,10 @@
 #include "support/numbers.h"
 #include "support/pattern.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
-#include <optional>
+#include <span>
 #include <vector>
 
 namespace {
@@ -17,6 +18,7 @@ constexpr std::int32_t fewest_readings = 10; ///< below this the user is warned
 /// True for the numbers that surveys put where they measured nothing.
 bool is_dummy(double value)
 {
+    if (value > -998) return false;
     return std::abs(value + 99999) <= 1.0 || std::abs(value + 9999) <= 0.1 || std::abs(value + 999) <= 0.01;
 }
 
@@ -26,29 +28,15 @@ struct Reading {
     std::int32_t cell_x = 0, cell_y = 0;
     double value_1 = missing_value, value_2 = missing_value, extra_value = missing_value;
     std::int32_t line = 0;
-    double distance = 0; ///< to the centre of its cell
+    double squared_distance = 0; ///< to the centre of its cell
 };
 
-/// What a cell holds while readings compete for it. One cell is one half of a cache line: surveys come in any order.
-struct alignas(32) CellReading {
-    float distance = std::numeric_limits<float>::infinity(); ///< infinite while the cell is empty
-    float x = 0, y = 0, z = 0;
-    float value_1 = 0, value_2 = 0, extra_value = 0;
-    std::int32_t line = 0;
-};
-
-CellReading cell_reading(const Reading & reading, float distance)
+/// Asks for memory that will be needed soon; a hint that may do nothing.
+void prefetch([[maybe_unused]] const void * address)
 {
-    CellReading kept;
-    kept.distance = distance;
-    kept.x = to_f32(reading.x);
-    kept.y = to_f32(reading.y);
-    kept.z = to_f32(reading.z);
-    kept.value_1 = to_f32(reading.value_1);
-    kept.value_2 = to_f32(reading.value_2);
-    kept.extra_value = to_f32(reading.extra_value);
-    kept.line = reading.line;
-    return kept;
+#ifdef __GNUC__
+    __builtin_prefetch(address);
+#endif
 }
 
 /// How many readings had to be lifted to the least height above the ground, and by how much in all.
@@ -62,26 +50,44 @@ class PointSelection {
 public:
     PointSelection(const ObservedData & points, const InversionDefinition & definition, const UbcMesh & mesh,
                    const TopoSurface & topo)
-        : definition_(definition), topo_(topo), x_(points.xyz[0].items()), y_(points.xyz[1].items()), z_(points.xyz[2].items()),
+        : topo_(topo), x_(points.xyz[0].items()), y_(points.xyz[1].items()), z_(points.xyz[2].items()),
           value_({ points.value[0].items(), points.value[1].items(), points.value[2].items() }),
           line_index_(points.line_index.items()),
           axis_x_(mesh.nodes_x, mesh.core_x_first, definition.mesh_cell_size[0], definition.add_padding_cells != 0),
           axis_y_(mesh.nodes_y, mesh.core_y_first, definition.mesh_cell_size[1], definition.add_padding_cells != 0),
-          mesh_top_(mesh.nodes_z[1]), keeps_nulls_(definition.data_integration_time > 0), has_z_(definition.data_z_column[0] > 0),
-          has_line_(definition.data_line_column > 0), has_extra_value_(definition.data_extra_value_column > 0),
-          above_ground_(definition.sensor_height_type == 0)
+          mesh_top_(mesh.nodes_z[1]), sensor_offset_(static_cast<double>(definition.sensor_offset())),
+          least_height_(static_cast<double>(definition.sensor_min_height())),
+          base_(static_cast<double>(definition.obs_base_value)), scale_(static_cast<double>(definition.obs_scale_value)),
+          type_count_(definition.obs_data_type_count), keeps_nulls_(definition.data_integration_time > 0),
+          has_z_(definition.data_z_column[0] > 0), has_line_(definition.data_line_column > 0),
+          has_extra_value_(definition.data_extra_value_column > 0), above_ground_(definition.sensor_height_type == 0),
+          is_flat_(definition.topo_type != 0)
     {
     }
 
-    /// The reading made of point i, counted from 0; nothing when it is left out.
-    std::optional<Reading> reading(std::size_t i)
+    /// Makes a reading of point i, counted from 0. False when it is left out.
+    bool take(std::size_t i, Reading & reading)
     {
-        Reading reading{ .x = x_[i], .y = y_[i] };
-        if (has_z_ && is_dummy(z_[i])) return std::nullopt;
+        if (has_z_ && is_dummy(z_[i])) return false;
         // A z from the file holds the sensor's offset already: it counts twice there, as it always has.
-        reading.z = (has_z_ ? z_[i] : 0) + static_cast<double>(definition_.sensor_offset());
-        if (!take_values(i, reading) || !place(reading) || !set_elevation(reading)) return std::nullopt;
+        reading.z = (has_z_ ? z_[i] : 0) + sensor_offset_;
+        return take_values(i, reading) && place(i, reading) && set_elevation(reading);
+    }
+
+    /// Makes the reading of a point that was taken before, all but its elevation.
+    Reading take_again(std::size_t i) const
+    {
+        Reading reading;
+        take_values(i, reading);
+        place(i, reading);
         return reading;
+    }
+
+    void prefetch_point(std::size_t i) const
+    {
+        prefetch(&x_[i]);
+        prefetch(&y_[i]);
+        prefetch(value_[0].empty() ? nullptr : &value_[0][i]);
     }
 
     const Shifts & shifts() const { return shifts_; }
@@ -104,14 +110,12 @@ private:
     {
         reading.value_1 = value(0, i);
         if (!admit(reading.value_1)) return false;
-        if (!is_missing(reading.value_1))
-            reading.value_1 = (reading.value_1 - static_cast<double>(definition_.obs_base_value)) *
-                              static_cast<double>(definition_.obs_scale_value);
-        if (definition_.obs_data_type_count >= 2) {
+        if (!is_missing(reading.value_1)) reading.value_1 = (reading.value_1 - base_) * scale_;
+        if (type_count_ >= 2) {
             reading.value_2 = value(1, i);
             if (!admit(reading.value_2)) return false;
         }
-        if (definition_.obs_data_type_count >= 3) {
+        if (type_count_ >= 3) {
             double value_3 = value(2, i);
             if (!admit(value_3)) return false; // of no further use: the distance takes its place
         }
@@ -120,8 +124,10 @@ private:
         return true;
     }
 
-    bool place(Reading & reading) const
+    bool place(std::size_t i, Reading & reading) const
     {
+        reading.x = x_[i];
+        reading.y = y_[i];
         if (!axis_x_.takes(reading.x) || !axis_y_.takes(reading.y)) return false;
         reading.cell_x = axis_x_.cell_of(reading.x);
         reading.cell_y = axis_y_.cell_of(reading.y);
@@ -129,32 +135,31 @@ private:
         axis_y_.snap(reading.cell_y, reading.y);
         const double dx = reading.x - axis_x_.centre(reading.cell_x);
         const double dy = reading.y - axis_y_.centre(reading.cell_y);
-        reading.distance = std::sqrt(dx * dx + dy * dy);
+        reading.squared_distance = dx * dx + dy * dy;
         return true;
     }
 
     bool set_elevation(Reading & reading)
     {
-        const double ground = definition_.topo_type != 0 ? mesh_top_ : topo_.triangulation.at(reading.x, reading.y);
+        const double ground = is_flat_ ? mesh_top_ : topo_.triangulation.at(reading.x, reading.y);
         if (is_missing(ground)) return false;
         if (above_ground_) reading.z += ground;
-        const auto least_height = static_cast<double>(definition_.sensor_min_height());
-        if (least_height > 0 && reading.z - ground < least_height) {
+        if (least_height_ > 0 && reading.z - ground < least_height_) {
             ++shifts_.count;
-            shifts_.sum += ground + least_height - reading.z;
-            reading.z = ground + least_height;
+            shifts_.sum += ground + least_height_ - reading.z;
+            reading.z = ground + least_height_;
         }
         return true;
     }
 
-    const InversionDefinition & definition_;
     const TopoSurface & topo_;
     std::span<const double> x_, y_, z_;
     std::array<std::span<const float>, 3> value_;
     std::span<const std::int32_t> line_index_;
     CellAxis axis_x_, axis_y_;
-    double mesh_top_;
-    bool keeps_nulls_, has_z_, has_line_, has_extra_value_, above_ground_;
+    double mesh_top_, sensor_offset_, least_height_, base_, scale_;
+    std::int32_t type_count_;
+    bool keeps_nulls_, has_z_, has_line_, has_extra_value_, above_ground_, is_flat_;
     Shifts shifts_;
 };
 
@@ -169,40 +174,92 @@ void add_to_all(const Reading & reading, AllPoints & all)
     point.z = reading.z;
     point.value_1 = reading.value_1;
     point.value_2 = reading.value_2;
-    point.distance = reading.distance;
+    point.distance = std::sqrt(reading.squared_distance);
     point.extra_value = reading.extra_value;
     all.points.push_back(point);
     ++all.point_count;
 }
 
-/// One list of the selection out of the cells' records.
-template <class Field, class Item>
-void unpack(const std::vector<CellReading> & cells, Field CellReading::*field, bool wanted, List<Item> & list)
+void size_lists(const InversionDefinition & definition, const UbcMesh & mesh, SelectedData & selected)
 {
-    if (!wanted) return;
-    list.assign(static_cast<std::int64_t>(cells.size()));
-    const auto items = list.items();
-    for (std::size_t i = 0; i < cells.size(); ++i) items[i] = cells[i].*field;
+    selected.cells_x = mesh.cells_x();
+    selected.cells_y = mesh.cells_y();
+    const std::int64_t cells = std::int64_t{ mesh.cells_x() } * mesh.cells_y();
+    selected.occupied.assign(cells);
+    for (List<float> * list : { &selected.x, &selected.y, &selected.z, &selected.value_1, &selected.value_3 })
+        list->assign(cells);
+    if (definition.obs_data_type_count >= 2) selected.value_2.assign(cells);
+    if (definition.data_line_column > 0) selected.line.assign(cells);
+    if (definition.data_extra_value_column > 0) selected.extra_value.assign(cells);
 }
 
-void unpack_cells(const std::vector<CellReading> & cells, const InversionDefinition & definition, SelectedData & selected)
-{
-    selected.occupied.assign(static_cast<std::int64_t>(cells.size()));
-    unpack(cells, &CellReading::x, true, selected.x);
-    unpack(cells, &CellReading::y, true, selected.y);
-    unpack(cells, &CellReading::z, true, selected.z);
-    unpack(cells, &CellReading::value_1, true, selected.value_1);
-    unpack(cells, &CellReading::value_2, definition.obs_data_type_count >= 2, selected.value_2);
-    unpack(cells, &CellReading::distance, true, selected.value_3);
-    unpack(cells, &CellReading::line, definition.data_line_column > 0, selected.line);
-    unpack(cells, &CellReading::extra_value, definition.data_extra_value_column > 0, selected.extra_value);
-    const auto occupied = selected.occupied.items();
-    const auto distances = selected.value_3.items();
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-        occupied[i] = std::isinf(cells[i].distance) ? 0 : 1;
-        if (occupied[i] == 0) distances[i] = 0;
+/// Lets readings compete for the cells. Only the number of a cell's point, its distance and its elevation are kept meanwhile.
+class CellChoice {
+public:
+    explicit CellChoice(SelectedData & selected)
+        : selected_(selected), point_(static_cast<std::size_t>(selected.occupied.size()), no_point),
+          distance_(selected.value_3.items()), z_(selected.z.items())
+    {
+        std::ranges::fill(distance_, std::numeric_limits<float>::infinity());
     }
-}
+
+    std::size_t cell_of(const Reading & reading) const
+    {
+        return static_cast<std::size_t>(selected_.cell(reading.cell_x, reading.cell_y)) - 1;
+    }
+
+    void prefetch_cell(const Reading & reading) const
+    {
+        prefetch(&distance_[cell_of(reading)]);
+        prefetch(&point_[cell_of(reading)]);
+    }
+
+    /// Of readings at the same distance the first stays.
+    void offer(std::int32_t point, const Reading & reading)
+    {
+        const std::size_t cell = cell_of(reading);
+        // The stored distance squared is exact, so this leaves out none that is nearer, and spares most of the roots.
+        const auto least = static_cast<double>(distance_[cell]);
+        if (reading.squared_distance >= least * least) return;
+        const auto distance = static_cast<float>(std::sqrt(reading.squared_distance));
+        if (!(distance < distance_[cell])) return;
+        if (point_[cell] == no_point) ++selected_.selected_count;
+        point_[cell] = point;
+        distance_[cell] = distance;
+        z_[cell] = to_f32(reading.z);
+    }
+
+    /// Fills in all that a cell holds of its point.
+    void fill_cells(const PointSelection & selection)
+    {
+        for (std::size_t cell = 0; cell < point_.size(); ++cell) {
+            if (const std::size_t ahead = cell + 16; ahead < point_.size() && point_[ahead] != no_point)
+                selection.prefetch_point(static_cast<std::size_t>(point_[ahead]));
+            if (point_[cell] == no_point)
+                distance_[cell] = 0;
+            else
+                fill_cell(static_cast<std::int64_t>(cell) + 1, selection.take_again(static_cast<std::size_t>(point_[cell])));
+        }
+    }
+
+private:
+    static constexpr std::int32_t no_point = -1; // points count from 0 here
+
+    void fill_cell(std::int64_t cell, const Reading & reading)
+    {
+        selected_.occupied[cell] = 1;
+        selected_.x[cell] = to_f32(reading.x);
+        selected_.y[cell] = to_f32(reading.y);
+        selected_.value_1[cell] = to_f32(reading.value_1);
+        if (!selected_.value_2.empty()) selected_.value_2[cell] = to_f32(reading.value_2);
+        if (!selected_.line.empty()) selected_.line[cell] = reading.line;
+        if (!selected_.extra_value.empty()) selected_.extra_value[cell] = to_f32(reading.extra_value);
+    }
+
+    SelectedData & selected_;
+    std::vector<std::int32_t> point_;
+    std::span<float> distance_, z_;
+};
 
 void report_selection(const Shifts & shifts, const SelectedData & selected, Host & host)
 {
@@ -246,27 +303,36 @@ void select_point_readings(const ObservedData & points, const InversionDefinitio
     readings = {};
     readings.read_count = points.point_count;
     SelectedData & selected = readings.selected;
-    selected.cells_x = mesh.cells_x();
-    selected.cells_y = mesh.cells_y();
+    size_lists(definition, mesh, selected);
     selected.line_name = points.line_name;
     const bool keeps_all = definition.data_values_per_cell != 1;
     if (keeps_all) readings.all.points.reserve(points.point_count);
 
     PointSelection selection(points, definition, mesh, topo);
-    std::vector<CellReading> cells(static_cast<std::size_t>(mesh.cells_x()) * static_cast<std::size_t>(mesh.cells_y()));
+    CellChoice choice(selected);
     Percentage percentage(host.progress, points.point_count);
-    for (std::int32_t i = 0; i < points.point_count; ++i) {
+    // In small blocks, so that the cells of many readings are on their way from memory at once.
+    struct Taken {
+        std::int32_t point;
+        Reading reading;
+    };
+    std::array<Taken, 64> block;
+    for (std::int32_t i = 0; i < points.point_count;) {
         percentage.report(i);
-        const std::optional<Reading> reading = selection.reading(static_cast<std::size_t>(i));
-        if (!reading) continue;
-        if (keeps_all) add_to_all(*reading, readings.all);
-        CellReading & cell = cells[static_cast<std::size_t>(selected.cell(reading->cell_x, reading->cell_y)) - 1];
-        const float distance = to_f32(reading->distance);
-        if (!(distance < cell.distance)) continue;
-        if (std::isinf(cell.distance)) ++selected.selected_count;
-        cell = cell_reading(*reading, distance);
+        std::size_t count = 0;
+        for (std::size_t ahead = 0; ahead < block.size() && i < points.point_count; ++ahead, ++i) {
+            Taken & taken = block[count];
+            taken.point = i;
+            if (!selection.take(static_cast<std::size_t>(i), taken.reading)) continue;
+            choice.prefetch_cell(taken.reading);
+            ++count;
+        }
+        for (const Taken & taken : std::span(block).first(count)) {
+            if (keeps_all) add_to_all(taken.reading, readings.all);
+            choice.offer(taken.point, taken.reading);
+        }
     }
-    unpack_cells(cells, definition, selected);
+    choice.fill_cells(selection);
     report_selection(selection.shifts(), selected, host);
 }
 

@@ -27,17 +27,30 @@ PointGatherer::PointGatherer(const LocationSource & source, ReadMode mode, const
 void PointGatherer::take(const LocationRecord & record)
 {
     take_texts(record);
-    if (is_missing(record.x) || is_missing(record.y)) return;
-    Position position = { record.x, record.y, record.z };
-    if (source_.line_column > 0 && line_name_ == "0" && position.x == 0 && position.y == 0 && position.z == 0) return;
+    if (is_missing(record.number[0]) || is_missing(record.number[1])) return;
+    Point point = point_of(record);
+    if (source_.line_column > 0 && point.x == 0 && point.y == 0 && point.z == 0 && line_name_ == "0") return;
     if (source_.transform.in_use)
-        apply_point_transform(source_.transform, TransformDirection::forward, position.x, position.y, position.z);
-    if (is_outside_windows(record)) return;
+        apply_point_transform(source_.transform, TransformDirection::forward, point.x, point.y, point.z);
+    if (is_outside_windows(point)) return;
 
     ++point_count_;
-    if (source_.interpolation_interval > 0) interpolate(position, record);
-    if (stores_) store(position, record);
-    count_in(position, record);
+    if (source_.interpolation_interval > 0) interpolate(point);
+    if (stores_) store(point);
+    count_in(point);
+}
+
+PointGatherer::Point PointGatherer::point_of(const LocationRecord & record) const
+{
+    const auto & number = record.number;
+    Point point{ number[0], number[1], number[2], {} };
+    if (number[2] != missing_value)
+        point.z = (source_.z_is_depth == 1 ? -number[2] : number[2]) + static_cast<double>(source_.elevation_offset);
+    for (std::size_t i = 0; i < point.value.size(); ++i) {
+        point.value[i] = static_cast<float>(number[3 + i]);
+        if (!std::isfinite(point.value[i])) point.value[i] = to_f32(number[3 + i]); // fails, with words
+    }
+    return point;
 }
 
 // Texts that a record does not reach stay those of the record before.
@@ -62,66 +75,71 @@ void PointGatherer::take_texts(const LocationRecord & record)
     if (record.text) text_ = *record.text;
 }
 
-bool PointGatherer::is_outside_windows(const LocationRecord & record) const
+bool PointGatherer::is_outside_windows(const Point & point) const
 {
     for (std::size_t i = 0; i < window_.size(); ++i) {
         const Range & limits = statistics_.value[i];
-        if (window_[i] && (record.value[i] < limits.minimum || record.value[i] > limits.maximum)) return true;
+        if (window_[i] && (point.value[i] < limits.minimum || point.value[i] > limits.maximum)) return true;
     }
     return false;
 }
 
-void PointGatherer::count_in(const Position & position, const LocationRecord & record)
+void PointGatherer::Tally::add(double value)
 {
-    statistics_.minimum_x = std::min(statistics_.minimum_x, position.x);
-    statistics_.maximum_x = std::max(statistics_.maximum_x, position.x);
-    statistics_.minimum_y = std::min(statistics_.minimum_y, position.y);
-    statistics_.maximum_y = std::max(statistics_.maximum_y, position.y);
-    const auto tally = [](Tally & t, double exact, float value) {
-        if (!is_missing(exact)) {
-            t.minimum = std::min(t.minimum, value);
-            t.maximum = std::max(t.maximum, value);
-        }
-        // The mean's own limit is lower than the usual one for missing values.
-        if (exact > missing_value) {
-            t.sum += exact;
-            ++t.count;
-        }
-    };
-    if (source_.z_column > 0) tally(z_, position.z, to_f32(position.z));
+    if (is_missing(value)) {
+        if (!(value > missing_value)) return; // the mean's own limit, lower than the usual one
+    } else {
+        minimum = std::min(minimum, value);
+        maximum = std::max(maximum, value);
+    }
+    sum += value;
+    ++count;
+}
+
+Range PointGatherer::Tally::range() const
+{
+    return { to_f32(minimum), to_f32(maximum), count == 0 ? 0.0F : to_f32(sum / static_cast<double>(count)) };
+}
+
+void PointGatherer::count_in(const Point & point)
+{
+    statistics_.minimum_x = std::min(statistics_.minimum_x, point.x);
+    statistics_.maximum_x = std::max(statistics_.maximum_x, point.x);
+    statistics_.minimum_y = std::min(statistics_.minimum_y, point.y);
+    statistics_.maximum_y = std::max(statistics_.maximum_y, point.y);
+    if (source_.z_column > 0) z_.add(point.z);
     for (std::size_t i = 0; i < value_.size(); ++i)
-        if (source_.value_column[i] > 0) tally(value_[i], static_cast<double>(record.value[i]), record.value[i]);
+        if (source_.value_column[i] > 0) value_[i].add(static_cast<double>(point.value[i]));
 }
 
 /// Fills in points between the previous reading of a line and this one.
-void PointGatherer::interpolate(const Position & position, const LocationRecord & record)
+void PointGatherer::interpolate(const Point & point)
 {
-    const Position before = previous_;
+    const Point before = previous_;
     const bool same_line = source_.line_column > 0 && point_count_ >= 2 && line_name_ == previous_line_;
-    previous_ = position;
+    previous_ = point;
     previous_line_ = line_name_;
     if (!same_line) return;
     const double interval = source_.interpolation_interval;
-    const double distance = std::hypot(position.x - before.x, position.y - before.y);
+    const double distance = std::hypot(point.x - before.x, point.y - before.y);
     if (!(distance > interval)) return;
     std::int32_t steps = round_to_count(distance / interval);
     if (distance - interval / 10 > steps * interval) ++steps;
     for (std::int32_t i = 1; stores_ && i < steps; ++i) {
         const double part = static_cast<double>(i) / steps;
-        store({ before.x + part * (position.x - before.x), before.y + part * (position.y - before.y),
-                before.z + part * (position.z - before.z) },
-              record);
+        store({ before.x + part * (point.x - before.x), before.y + part * (point.y - before.y),
+                before.z + part * (point.z - before.z), point.value });
     }
     point_count_ += steps - 1;
 }
 
-void PointGatherer::store(const Position & position, const LocationRecord & record)
+void PointGatherer::store(const Point & point)
 {
-    points_.xyz[0].push_back(position.x);
-    points_.xyz[1].push_back(position.y);
-    points_.xyz[2].push_back(position.z);
-    for (std::size_t i = 0; i < record.value.size(); ++i)
-        if (source_.value_column[i] > 0) points_.value[i].push_back(record.value[i]);
+    points_.xyz[0].push_back(point.x);
+    points_.xyz[1].push_back(point.y);
+    points_.xyz[2].push_back(point.z);
+    for (std::size_t i = 0; i < point.value.size(); ++i)
+        if (source_.value_column[i] > 0) points_.value[i].push_back(point.value[i]);
     if (source_.line_column > 0) points_.line_index.push_back(line_count_);
     if (source_.category_column > 0) points_.category_index.push_back(category_number());
     if (source_.text_column > 0) points_.text.push_back(text_);
@@ -150,13 +168,10 @@ void PointGatherer::sort_categories()
 
 void PointGatherer::finish(ObservedData & data, LocationStatistics & statistics)
 {
-    const auto range_of = [](const Tally & t) {
-        return Range{ t.minimum, t.maximum, t.count == 0 ? 0.0F : to_f32(t.sum / static_cast<double>(t.count)) };
-    };
-    statistics_.z = range_of(z_);
+    statistics_.z = z_.range();
     for (std::size_t i = 0; i < value_.size(); ++i) {
         const Range limits = statistics_.value[i];
-        statistics_.value[i] = range_of(value_[i]);
+        statistics_.value[i] = value_[i].range();
         if (i >= window_.size() || !source_.value_window[i]) continue;
         statistics_.value[i].minimum = limits.minimum;
         statistics_.value[i].maximum = limits.maximum;

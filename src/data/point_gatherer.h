@@ -20,19 +20,25 @@ public:
 
 private:
     struct Tally {
-        float minimum = 1e32F, maximum = -1e32F;
+        double minimum = 1e32, maximum = -1e32;
         double sum = 0;
         std::int64_t count = 0;
+
+        void add(double value);
+        Range range() const;
     };
-    struct Position {
+    /// A record on its way to being a point: in the mesh's frame.
+    struct Point {
         double x = 0, y = 0, z = 0;
+        std::array<float, 3> value = {};
     };
 
+    Point point_of(const LocationRecord & record) const;
     void take_texts(const LocationRecord & record);
-    bool is_outside_windows(const LocationRecord & record) const;
-    void count_in(const Position & position, const LocationRecord & record);
-    void interpolate(const Position & position, const LocationRecord & record);
-    void store(const Position & position, const LocationRecord & record);
+    bool is_outside_windows(const Point & point) const;
+    void count_in(const Point & point);
+    void interpolate(const Point & point);
+    void store(const Point & point);
     std::int32_t category_number();
     void sort_categories();
     void hand_over_points(ObservedData & data);
@@ -50,7 +56,7 @@ private:
     std::string category_, text_;
     std::int32_t category_number_ = 0; // of `category_`, 0 while no point has it
     bool has_categories_ = false;
-    Position previous_; // the point before, and the line it lies on
+    Point previous_; // the point before, and the line it lies on
     std::string previous_line_;
 
     ObservedData points_;

@@ -6,7 +6,6 @@
 #include "support/text.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
@@ -82,8 +81,9 @@ struct CommaFields {
 
     const char * field_end() const
     {
-        const void * const comma = at == end ? nullptr : std::memchr(at, ',', static_cast<std::size_t>(end - at));
-        return comma == nullptr ? end : static_cast<const char *>(comma);
+        const char * stop = at; // fields are short: this is quicker than a search that has to be called
+        while (stop != end && *stop != ',') ++stop;
+        return stop;
     }
 
     std::string_view take()
@@ -94,12 +94,10 @@ struct CommaFields {
             field = take_quoted();
         } else {
             const char * const stop = field_end();
-            field = trim({ at, static_cast<std::size_t>(stop - at) });
+            field = { at, static_cast<std::size_t>(stop - at) };
             at = stop == end ? end : stop + 1;
         }
-        if (field.starts_with('"')) field.remove_prefix(1);
-        if (field.ends_with('"')) field.remove_suffix(1);
-        return trim(field);
+        return without_quotes(field);
     }
 
     std::string_view take_quoted()
@@ -136,65 +134,64 @@ struct CommaFields {
 }
 
 RecordParser::RecordParser(const LocationSource & source)
-    : z_is_depth_(source.z_is_depth == 1), elevation_offset_(source.elevation_offset)
 {
-    const auto add = [this](std::int32_t number, auto && mark) {
-        if (number <= 0) return;
+    const auto column = [this](std::int32_t number) -> Column & {
         if (number > highest_column)
             throw SubscriptFault("column " + general_text(number) + " lies beyond the last one that can be read, " +
                                  general_text(highest_column));
         auto at = std::find_if(columns_.begin(), columns_.end(), [number](const Column & c) { return c.number >= number; });
         if (at == columns_.end() || at->number != number) at = columns_.insert(at, Column{ .number = number });
-        mark(*at);
+        return *at;
     };
-    add(source.x_column, [](Column & c) { c.x = true; });
-    add(source.y_column, [](Column & c) { c.y = !c.x; }); // a column is x or y or z, in this order
-    add(source.z_column, [](Column & c) { c.z = !c.x && !c.y; });
-    for (std::size_t i = 0; i < source.value_column.size(); ++i)
-        add(source.value_column[i], [i](Column & c) { c.value[i] = true; });
-    add(source.line_column, [](Column & c) { c.line = true; });
-    add(source.category_column, [](Column & c) { c.category = true; });
-    add(source.text_column, [](Column & c) { c.text = true; });
+    const std::array<std::int32_t, 6> places = { source.x_column,        source.y_column,        source.z_column,
+                                                 source.value_column[0], source.value_column[1], source.value_column[2] };
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        if (places[i] <= 0) continue;
+        const bool taken = i < 3 && std::find(places.begin(), places.begin() + i, places[i]) != places.begin() + i;
+        if (!taken) column(places[i]).add_place(static_cast<std::int32_t>(i)); // a column is x or y or z, in this order
+    }
+    if (source.line_column > 0) column(source.line_column).line = true;
+    if (source.category_column > 0) column(source.category_column).category = true;
+    if (source.text_column > 0) column(source.text_column).text = true;
 }
 
-LocationRecord RecordParser::parse(std::string_view line) const
+void RecordParser::parse(std::string_view line, LocationRecord & record) const
 {
     const char * const end = line.data() + line.size();
-    if (line.find(',') != std::string_view::npos) return parse_fields(CommaFields{ line.data(), end });
-    return parse_fields(TokenFields{ line.data(), end });
+    record = {};
+    if (line.find(',') != std::string_view::npos)
+        parse_fields(CommaFields{ line.data(), end }, record);
+    else
+        parse_fields(TokenFields{ line.data(), end }, record);
 }
 
 template <class Fields>
-LocationRecord RecordParser::parse_fields(Fields fields) const
+void RecordParser::parse_fields(Fields fields, LocationRecord & record) const
 {
-    LocationRecord record;
     std::int32_t next = 1;
     for (const Column & column : columns_) {
         for (; next < column.number; ++next) fields.skip();
         ++next;
-        double number = 0;
-        if (!column.is_text()) {
-            if (!fields.take_number(number)) break;
-            set_number(column, number, record);
-            continue;
-        }
-        const std::string_view field = fields.take();
-        if (column.is_number()) {
-            if (!read_number(field, number)) break;
-            set_number(column, number, record);
-        }
-        if (column.line) record.line = field;
-        if (column.category) record.category = field;
-        if (column.text) record.text = field;
+        if (!take_column(column, fields, record)) return;
     }
-    return record;
 }
 
-void RecordParser::set_number(const Column & column, double number, LocationRecord & record) const
+/// False when the field should be a number and is not.
+template <class Fields>
+bool RecordParser::take_column(const Column & column, Fields & fields, LocationRecord & record)
 {
-    if (column.x) record.x = number;
-    if (column.y) record.y = number;
-    if (column.z) record.z = (z_is_depth_ ? -number : number) + elevation_offset_;
-    for (std::size_t i = 0; i < record.value.size(); ++i)
-        if (column.value[i]) record.value[i] = to_f32(number);
+    double number = 0;
+    std::string_view field;
+    if (column.is_text()) {
+        field = fields.take();
+        if (column.place >= 0 && !read_number(field, number)) return false;
+    } else if (!fields.take_number(number)) {
+        return false;
+    }
+    if (column.place >= 0) record.number[static_cast<std::size_t>(column.place)] = number;
+    for (const std::int32_t place : column.more_places) record.number[static_cast<std::size_t>(place)] = number;
+    if (column.line) record.line = field;
+    if (column.category) record.category = field;
+    if (column.text) record.text = field;
+    return true;
 }

@@ -10,10 +10,10 @@
 /// The highest column that can be read.
 inline constexpr std::int32_t highest_column = 512;
 
-/// One record of a location file as it stands there. Texts point into the line.
+/// One record of a location file as it stands there: no sign or offset applied. Texts point into the line.
 struct LocationRecord {
-    double x = missing_value, y = missing_value, z = missing_value;
-    std::array<float, 3> value = { missing_value_f32, missing_value_f32, missing_value_f32 };
+    /// x, y, z and three values.
+    std::array<double, 6> number = { missing_value, missing_value, missing_value, missing_value, missing_value, missing_value };
     std::optional<std::string_view> line, category, text; ///< nothing where the record ended before the column
 };
 
@@ -26,24 +26,31 @@ public:
     /// Fails with a `SubscriptFault` for a column above 512.
     explicit RecordParser(const LocationSource & source);
 
-    LocationRecord parse(std::string_view line) const;
+    /// A byte that is no digit, such as a line end, must stand behind the line.
+    void parse(std::string_view line, LocationRecord & record) const;
 
 private:
+    /// One wanted field. Most columns fill one place of the record, which `place` names; the rest is for columns with many roles.
     struct Column {
         std::int32_t number = 0;
-        bool x = false, y = false, z = false;
-        std::array<bool, 3> value = {};
+        std::int32_t place = -1;                    // 0 to 2 x, y, z; 3 to 5 values; -1 no number
+        std::vector<std::int32_t> more_places = {}; // further ones with the same number
         bool line = false, category = false, text = false;
 
-        bool is_number() const { return x || y || z || value[0] || value[1] || value[2]; }
         bool is_text() const { return line || category || text; }
+        void add_place(std::int32_t added)
+        {
+            if (place < 0)
+                place = added;
+            else
+                more_places.push_back(added);
+        }
     };
 
     template <class Fields>
-    LocationRecord parse_fields(Fields fields) const;
-    void set_number(const Column & column, double number, LocationRecord & record) const;
+    void parse_fields(Fields fields, LocationRecord & record) const;
+    template <class Fields>
+    static bool take_column(const Column & column, Fields & fields, LocationRecord & record);
 
     std::vector<Column> columns_; // ascending
-    bool z_is_depth_;
-    double elevation_offset_;
 };

@@ -1,11 +1,8 @@
 #include "data/topography.h"
 
 #include "support/fault.h"
-#include "support/file_writer.h"
 #include "support/missing.h"
 #include "support/numbers.h"
-#include "support/pattern.h"
-#include "support/text.h"
 
 #include <algorithm>
 #include <cmath>
@@ -18,8 +15,6 @@ namespace {
 constexpr std::size_t fewest_points = 5;
 constexpr float air_mark = -1.0F;
 constexpr double least_clearance = 0.1; ///< of a reading above the top of its column's highest solid cell, metres
-constexpr int field_width = 14;
-constexpr std::int32_t gravity_v2 = 1; ///< its solver takes counts of cells for the ground
 constexpr std::int32_t own_solver = 4;
 
 struct SurfacePoints {
@@ -206,73 +201,6 @@ void lift_readings(const UbcMesh & mesh, const TopoSurface & topo, SelectedData 
         }
 }
 
-std::string field(double value) { return pad_left(format_number(value, "0.0000"), field_width); }
-std::string field(std::int32_t value) { return pad_left(general_text(value), field_width); }
-
-std::vector<std::string> fields_of(const List<double> & values)
-{
-    std::vector<std::string> fields;
-    for (const double value : values.items()) fields.push_back(field(value));
-    return fields;
-}
-
-/// What a line holds behind the position: two elevations.
-struct GroundPair {
-    double first, second;
-};
-
-/// One line per crossing of xs and ys: the position and what `pair_at` tells of that number.
-template <class PairAt>
-void write_positions(FileWriter & file, const List<double> & xs, const List<double> & ys, Progress & progress, PairAt pair_at)
-{
-    const std::vector<std::string> x_fields = fields_of(xs);
-    Percentage percentage(progress, ys.size());
-    std::int64_t number = 0;
-    for (std::int32_t row = 1; row <= ys.size(); ++row) {
-        const std::string y_field = field(ys[row]);
-        for (const std::string & x_field : x_fields) {
-            const GroundPair pair = pair_at(++number);
-            file.text(x_field);
-            file.text(y_field);
-            file.text(field(pair.first));
-            file.line(field(pair.second));
-        }
-        percentage.report(row);
-    }
-}
-
-void write_air_counts(FileWriter & file, const UbcMesh & mesh, const TopoSurface & topo, Progress & progress)
-{
-    file.line(" " + general_text(mesh.cells_x()) + " " + general_text(mesh.cells_y()) + " ");
-    Percentage percentage(progress, mesh.cells_y());
-    std::int64_t number = 0;
-    for (std::int32_t iy = 1; iy <= mesh.cells_y(); ++iy) {
-        for (std::int32_t ix = 1; ix <= mesh.cells_x(); ++ix) file.line(field(ix) + field(iy) + field(topo.air_cells[++number]));
-        percentage.report(iy);
-    }
-}
-
-void write_draped_ground(FileWriter & file, const UbcMesh & mesh, const TopoSurface & topo, Progress & progress)
-{
-    const auto twice = [](const List<float> & ground) {
-        return [&ground](std::int64_t number) -> GroundPair { return { ground[number], ground[number] }; };
-    };
-    file.line(" " + general_text(add_counts(topo.node_topo.size(), topo.cell_topo.size())) + " ");
-    write_positions(file, mesh.nodes_x, mesh.nodes_y, progress, twice(topo.node_topo));
-    write_positions(file, mesh.centres_x, mesh.centres_y, progress, twice(topo.cell_topo));
-}
-
-void write_ground_and_mesh(FileWriter & file, const UbcMesh & mesh, const TopoSurface & topo, bool mesh_first,
-                           Progress & progress)
-{
-    file.line(" " + general_text(topo.cell_topo.size()) + " ");
-    write_positions(file, mesh.centres_x, mesh.centres_y, progress, [&](std::int64_t number) -> GroundPair {
-        const double ground = topo.cell_topo[number];
-        const double surface = mesh.nodes_z[topo.air_cells[number] + 1];
-        return mesh_first ? GroundPair{ surface, ground } : GroundPair{ ground, surface };
-    });
-}
-
 }
 
 Status interpolate_topo_points(const ObservedData & points, const InversionDefinition & definition, const UbcMesh & mesh,
@@ -310,21 +238,4 @@ Status process_inversion_topo(const InversionDefinition & definition, const UbcM
     } catch (const std::exception & fault) {
         return report_fault(host, fault);
     }
-}
-
-void write_topo_file(const std::string & path, const InversionDefinition & definition, const UbcMesh & mesh,
-                     const TopoSurface & topo, Host & host)
-{
-    FileWriter file(path);
-    switch (definition.inversion_method) {
-    case gravity_v2:
-        write_air_counts(file, mesh, topo, host.progress);
-        break;
-    case own_solver:
-        write_draped_ground(file, mesh, topo, host.progress);
-        break;
-    default:
-        write_ground_and_mesh(file, mesh, topo, definition.topo_shift_option == 1, host.progress);
-    }
-    file.close();
 }

@@ -156,13 +156,14 @@ void load_mag3d_form(Setup & setup, const InversionDefinition & given, Selection
     const auto wanted = [&](Selection block) { return selection == Selection::all || selection == block; };
     const Loading loading(setup.loading);
     if (selection == Selection::all) {
-        setup.definition = record;
-        repair_tiles(setup.definition);
+        InversionDefinition taken = record;
+        copy_block(setup.definition, Block::tiles, taken); // tiles take effect below, in refined mode only
+        setup.definition = taken;
     }
     if (wanted(Selection::parameters)) take_block(setup, record, Block::parameters, &repair_parameters, &show_parameters);
     if (wanted(Selection::observed_data))
         take_block(setup, record, Block::observed_data, &repair_observed_data, &show_observed_data);
-    if (wanted(Selection::topography)) take_block(setup, record, Block::topography, nullptr, &show_topography);
+    if (wanted(Selection::topography)) take_block(setup, record, Block::topography, &repair_topography, &show_topography);
     if (wanted(Selection::mesh)) {
         take_block(setup, record, Block::mesh, &repair_mesh, &show_mesh);
         if (record.refinement_mode == 1 && setup.refinement_mode == 1)

@@ -129,9 +129,7 @@ void take_tile_boxes(Setup & setup)
                              { "Text_tile_overlap", &InversionDefinition::tile_overlap },
                              { "Text_blend_overlap", &InversionDefinition::tile_blend },
                              { "Text_z_blend", &InversionDefinition::tile_z_blend } };
-    // A box that has never been shown is blank and says nothing.
-    for (const Row & row : rows)
-        if (!setup.form[row.box].text.empty()) setup.definition.*row.field = leading_count(setup.form[row.box].text);
+    for (const Row & row : rows) setup.definition.*row.field = leading_count(setup.form[row.box].text);
 }
 
 void take_lower_part(Setup & setup)
@@ -217,8 +215,10 @@ Status take_mesh_boxes(Setup & setup, int axis, bool keep_maximum, Host & host)
     const bool built = setup.design_mesh.total_cells[0] > 0 && setup.design_mesh.total_cells[1] > 0;
     if (setup.refinement_mode != normal_mode || !built) {
         take_tile_boxes(setup);
+        const std::string lower_cells = setup.form("Text_num_cells", 3).text; // taken below; the build shows the record's
         if (build_design_mesh(setup, host) != Status::good)
             return setup.refinement_mode == normal_mode ? Status::good : Status::bad;
+        setup.form("Text_num_cells", 3).text = lower_cells;
     }
     for (const int a : axes) snap_second(setup, a);
     if (axes.back() == 2) take_lower_part(setup);
@@ -247,9 +247,9 @@ void display_inversion_mesh(Setup & setup)
         show(setup, "Text_cell_size", axis, definition.mesh_cell_size[a]);
         show_count(setup, "Text_num_cells", axis, definition.mesh_cells[a]);
     }
-    // The number of lower cells is left to be typed anew, whatever the record holds.
-    setup.form("Text_num_cells", 3).text = "0";
-    show_count(setup, "Text_num_cells", 4, definition.mesh_cells[2]);
+    // The lower part's own count, not 0: this box is read again by the next check, which would lose the lower part silently.
+    show_count(setup, "Text_num_cells", 3, definition.mesh_cells[3]);
+    show_count(setup, "Text_num_cells", 4, add_counts(definition.mesh_cells[2], definition.mesh_cells[3]));
     setup.form("Text_min_val", 3).text = format_number(definition.mesh_min[3], "0.0");
     display_cell_counts(setup);
     show_ranges(setup);

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <initializer_list>
 #include <tuple>
 
 namespace {
@@ -60,7 +61,7 @@ void copy_observed_data(const Record & from, Record & to)
     copy_fields(from, observed_data_fields, to);
     to.sensor_offset() = from.sensor_offset();
     to.sensor_min_height() = from.sensor_min_height();
-    for (std::size_t slot : { 0, 2, 3, 4, 5 }) to.data_file[slot] = from.data_file[slot];
+    for (std::size_t slot : { 0U, 2U, 3U, 4U, 5U }) to.data_file[slot] = from.data_file[slot];
     copy_columns(from, 0, to);
 }
 
@@ -70,6 +71,17 @@ void copy_topography(const Record & from, Record & to)
     to.topo_offset() = from.topo_offset();
     to.data_file[1] = from.data_file[1];
     copy_columns(from, 1, to);
+}
+
+/// A check shows 1 as on and all else as off; of two options the first shows 0 and the second all else.
+void as_checks_show(std::initializer_list<std::int32_t *> flags)
+{
+    for (std::int32_t * const flag : flags) *flag = *flag == 1 ? 1 : 0;
+}
+
+void as_options_show(std::initializer_list<std::int32_t *> modes)
+{
+    for (std::int32_t * const mode : modes) *mode = *mode == 0 ? 0 : 1;
 }
 
 constexpr std::size_t z_axis = 2, lower_part = 3;
@@ -141,8 +153,9 @@ void repair_mesh(InversionDefinition & definition)
 {
     if (!(definition.mesh_min[z_axis] < definition.mesh_max[z_axis]))
         definition.mesh_min[z_axis] = definition.mesh_max[z_axis] - 1000;
-    for (std::size_t axis : { 0, 1, 2 }) repair_axis(definition, axis);
+    for (std::size_t axis : { 0U, 1U, 2U }) repair_axis(definition, axis);
     repair_lower_part(definition);
+    as_checks_show({ &definition.add_padding_cells, &definition.create_weighting_file, &definition.use_expanded_mesh });
 }
 
 void repair_parameters(InversionDefinition & definition)
@@ -152,7 +165,8 @@ void repair_parameters(InversionDefinition & definition)
     const auto listed = static_cast<std::int32_t>(positivity_items(own).size());
     if (definition.positivity < 0 || definition.positivity >= listed) definition.positivity = 0;
     definition.max_iterations = std::max(definition.max_iterations, 0);
-    definition.use_cluster_controller = definition.use_cluster_controller == 1 ? 1 : 0;
+    as_checks_show({ &definition.slog_scaling, &definition.output_debug, &definition.use_cluster_controller });
+    as_options_show({ &definition.alpha_mode, &definition.depth_weighting_mode, &definition.wavelet_mode });
     normalise_point_transform(definition.coordinate_transform);
 }
 
@@ -169,7 +183,14 @@ void repair_observed_data(InversionDefinition & definition)
     }
 }
 
+void repair_topography(InversionDefinition & definition)
+{
+    as_options_show({ &definition.topo_type });
+    as_checks_show({ &definition.topo_shift_option });
+}
+
 void repair_tiles(InversionDefinition & definition)
 {
+    as_checks_show({ &definition.tile_use_reference, &definition.include_regional_mesh });
     if (definition.tile_coarse_model < 0 || definition.tile_coarse_model > 2) definition.tile_coarse_model = 2;
 }

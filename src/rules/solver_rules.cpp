@@ -76,7 +76,7 @@ struct AlphaRow {
 };
 
 constexpr AlphaRow alpha_rows[method_count] = {
-    { 0, false }, { 0, true }, { 1, true }, { 0, false }, { 1, true }, { 1, true }, { 0, true },
+    { 0, false }, { 0, true }, { 1, true }, { 0, false }, { 1, true }, { 1, true }, { 0, false },
 };
 
 constexpr std::int32_t gravity_v2 = 1;

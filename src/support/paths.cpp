@@ -62,7 +62,7 @@ bool folder_exists(std::string_view path)
 std::string file_name_of_path(std::string_view path)
 {
     path = trim(path);
-    path = path.substr(0, path.find('\0'));
+    path = trim(path.substr(0, path.find('\0')));
     return std::string(path.substr(path.find_last_of(separator) + 1));
 }
 
@@ -107,15 +107,13 @@ std::string drive_of_path(std::string_view path)
 
 std::string absolute_path(std::string_view path)
 {
+    // A drive makes a path whole on every host: on one without drives it stays the text that it is.
+    const std::string_view behind = path.substr(drive_length(path));
+    if (behind.size() < path.size() && behind.starts_with(separator))
+        return std::string(path.substr(0, 2)) + definition_path(host_path(behind).lexically_normal());
     std::error_code error;
-    // A path with a drive is absolute by its text, on a computer without drives too.
-    const fs::path host = host_path(path);
-    const fs::path whole = drive_length(path) > 0 && !host.has_root_name() ? host : fs::absolute(host, error);
-    if (error) return std::string(path);
-    std::string text = definition_path(whole.lexically_normal());
-    const std::size_t root = drive_length(text) + 1;
-    if (text.size() > root && text.ends_with(separator) && !path.ends_with(separator)) text.pop_back();
-    return text;
+    const fs::path whole = fs::absolute(host_path(path), error);
+    return error ? std::string(path) : definition_path(whole.lexically_normal());
 }
 
 std::string relative_path(std::string_view from, std::string_view to)
@@ -152,11 +150,10 @@ void change_to_path(std::string_view path)
     path = trim(path);
     if (path.empty()) return;
     std::error_code error;
-    const fs::path whole = host_path(absolute_path(path));
-    if (fs::is_directory(whole, error))
-        fs::current_path(whole, error);
-    else // a file, or a folder that has gone
-        fs::current_path(whole.has_filename() ? whole.parent_path() : whole.parent_path().parent_path(), error);
+    const fs::path whole = fs::absolute(host_path(path), error);
+    if (error) return;
+    const fs::path place = whole.has_filename() ? whole : whole.parent_path(); // without a separator at its end
+    fs::current_path(fs::is_directory(place, error) ? place : place.parent_path(), error);
 }
 
 std::string current_folder()

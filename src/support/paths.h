@@ -27,9 +27,9 @@ std::string file_stem_of_path(std::string_view path);
 std::string file_extension_of_path(std::string_view path);
 /// The folder without the drive, with a "\" at both ends.
 std::string folder_without_drive(std::string_view path);
-/// The drive ("C:") of the absolute path; empty for one without a drive.
+/// The drive ("C:") of the absolute path; empty for a path of a host without drives.
 std::string drive_of_path(std::string_view path);
-/// The path made absolute against the current folder, "." and ".." resolved. A path with a drive counts as absolute.
+/// The path made absolute against the current folder, "." and ".." resolved.
 std::string absolute_path(std::string_view path);
 /// The way from the folder `from` (with a trailing "\") to `to`; `to` itself when their first three characters differ.
 std::string relative_path(std::string_view from, std::string_view to);
@@ -38,8 +38,7 @@ std::string with_backslash(std::string path);
 
 /// Creates each missing folder along the path. Fails with a `FileFault`.
 void make_folder_path(std::string_view path);
-/// Makes the folder, or the folder of the file, current when it exists; for a folder that has gone, the one above it. Never
-/// fails.
+/// Makes the folder, or the folder of the file, current; the parent of a folder that has gone. Never fails.
 void change_to_path(std::string_view path);
 /// The current folder as a definition path, without a "\" at its end.
 std::string current_folder();

@@ -2,6 +2,7 @@
 
 #include "support/fault.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
@@ -50,6 +51,7 @@ void round_decimal(Decimal & decimal, int count)
 struct Part {
     std::string_view before, after;
     int whole_digits = 0; // zeros in front of the point
+    bool point = false;   // stands in the text even without decimals
     int decimals = 0;
     int exponent_digits = 0; // 0: not exponent form
 };
@@ -57,12 +59,12 @@ struct Part {
 Part part_of(std::string_view pattern)
 {
     Part part;
-    const std::size_t first = pattern.find_first_of("0#.");
-    if (first == std::string_view::npos) return { pattern, {}, 0, 0, 0 };
+    const std::size_t first = std::min(pattern.find_first_of("0#."), pattern.size());
     part.before = pattern.substr(0, first);
     std::size_t at = first;
     for (; at < pattern.size() && (pattern[at] == '0' || pattern[at] == '#'); ++at) part.whole_digits += pattern[at] == '0';
-    if (at < pattern.size() && pattern[at] == '.')
+    part.point = at < pattern.size() && pattern[at] == '.';
+    if (part.point)
         for (++at; at < pattern.size() && pattern[at] == '0'; ++at) ++part.decimals;
     if (pattern.substr(at).starts_with("E+0"))
         for (at += 2; at < pattern.size() && pattern[at] == '0'; ++at) ++part.exponent_digits;
@@ -86,7 +88,7 @@ std::string fixed_text(Decimal decimal, const Part & part)
     if (text == "0") text.clear();
     if (static_cast<int>(text.size()) < part.whole_digits)
         text.insert(0, static_cast<std::size_t>(part.whole_digits) - text.size(), '0');
-    if (part.decimals > 0) text += "." + digits_between(decimal, decimal.point, decimal.point + part.decimals);
+    if (part.point) text += "." + digits_between(decimal, decimal.point, decimal.point + part.decimals);
     return text;
 }
 
@@ -96,7 +98,7 @@ std::string exponent_text(Decimal decimal, const Part & part)
     const bool zero = decimal.digits.find_first_not_of('0') == std::string::npos;
     const int exponent = zero ? 0 : decimal.point - part.whole_digits;
     std::string text = digits_between(decimal, 0, part.whole_digits);
-    if (part.decimals > 0) text += "." + digits_between(decimal, part.whole_digits, part.whole_digits + part.decimals);
+    if (part.point) text += "." + digits_between(decimal, part.whole_digits, part.whole_digits + part.decimals);
     std::string size = std::to_string(std::abs(exponent));
     if (static_cast<int>(size.size()) < part.exponent_digits)
         size.insert(0, static_cast<std::size_t>(part.exponent_digits) - size.size(), '0');

@@ -10,13 +10,6 @@ bool ends_token(char c) { return c == ' ' || c == '\t' || c == ',' || c == ';' |
 
 void skip_blanks(std::string_view & text) { text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size())); }
 
-std::string without_quotes(std::string_view field)
-{
-    field = trim(field);
-    if (field.size() >= 2 && field.starts_with('"') && field.ends_with('"')) field = field.substr(1, field.size() - 2);
-    return std::string(trim(field));
-}
-
 }
 
 std::string_view trim(std::string_view text)
@@ -24,6 +17,13 @@ std::string_view trim(std::string_view text)
     const std::size_t first = text.find_first_not_of(' ');
     if (first == std::string_view::npos) return {};
     return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string_view without_quotes(std::string_view field)
+{
+    field = trim(field);
+    if (field.size() >= 2 && field.starts_with('"') && field.ends_with('"')) field = field.substr(1, field.size() - 2);
+    return trim(field);
 }
 
 std::string upper_case(std::string_view text)
@@ -104,11 +104,11 @@ void split_fields(std::int32_t & count, std::string_view text, char delimiter, L
     const bool delimited = text.find(delimiter) != std::string_view::npos;
     while (!text.empty() && (count == 0 || fields.size() < count)) {
         if (!delimited || text.starts_with('"')) {
-            fields.push_back(without_quotes(next_token(text)));
+            fields.push_back(std::string(without_quotes(next_token(text))));
             continue;
         }
         const std::size_t end = text.find(delimiter);
-        fields.push_back(without_quotes(text.substr(0, end)));
+        fields.push_back(std::string(without_quotes(text.substr(0, end))));
         text = end == std::string_view::npos ? std::string_view() : trim(text.substr(end + 1));
     }
     if (count == 0) count = fields.size();

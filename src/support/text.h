@@ -8,6 +8,9 @@
 /// The text without the blanks at both ends. Only blanks count, as in the formats; tabs stay.
 std::string_view trim(std::string_view text);
 
+/// The trimmed text without a surrounding pair of double quotes, trimmed again.
+std::string_view without_quotes(std::string_view field);
+
 /// ASCII letters only; the rest stays.
 std::string upper_case(std::string_view text);
 
@@ -33,9 +36,8 @@ std::string split_at_first(char delimiter, std::string_view text, std::string & 
 std::string next_key_value(char delimiter, std::string & text, std::string & value);
 
 /// Splits a text into fields: at `delimiter` when the text holds one, otherwise by `next_token`. A field that starts with a
-/// double quote is a token in any case. Each field loses a surrounding pair of quotes and is trimmed.
-/// delimiter: a blank stands for ",".
-/// count: fields wanted; 0 takes all and is set to their number. The list always ends with `count` fields.
+/// double quote is a token in any case. Each field loses a surrounding pair of quotes and is trimmed. A blank delimiter is a
+/// comma. count: fields wanted; 0 takes all and is set to their number. The list always ends with `count` fields.
 void split_fields(std::int32_t & count, std::string_view text, char delimiter, List<std::string> & fields);
 
 /// Blanks on the right, or cut to `width`.

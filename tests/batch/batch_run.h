@@ -1,8 +1,9 @@
 #pragma once
 
-#include "fakes/temporary_folder.h"
+#include "fakes/tiny_survey.h"
 
 #include <cstdlib>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,15 +20,13 @@ struct BatchRun {
 };
 
 /// Runs the program with standard input, output and error apart. Arguments are quoted for the shell.
-/// before: what the shell does first, for a run under limits.
-inline BatchRun run_batch(const std::vector<std::string> & arguments, std::string_view input = {},
-                          const std::string & before = {})
+inline BatchRun run_batch(const std::vector<std::string> & arguments, std::string_view input = {})
 {
     const TemporaryFolder streams;
     streams.write("in", input);
     const auto quoted = [](const std::string & text) { return "'" + text + "'"; };
     const auto stream = [&](const char * name) { return quoted(host_path(streams.file(name)).string()); };
-    std::string command = before + quoted(BATCH_PROGRAM);
+    std::string command = quoted(BATCH_PROGRAM);
     for (const std::string & argument : arguments) command += " " + quoted(argument);
     command += " <" + stream("in") + " >" + stream("out") + " 2>" + stream("err");
     const int status = std::system(command.c_str());
@@ -46,4 +45,23 @@ inline BatchRun run_batch(const std::vector<std::string> & arguments, std::strin
 inline std::string host_file(const TemporaryFolder & folder, const std::string & name)
 {
     return host_path(folder.file(name)).string();
+}
+
+/// Creates the inversion of a survey in its folder "out".
+inline BatchRun create(const TinySurvey & survey, const std::vector<std::string> & more = {})
+{
+    std::vector<std::string> arguments = { "create", host_file(survey.folder, "tiny.inp"), "--output",
+                                           host_file(survey.folder, "out") };
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    return run_batch(arguments);
+}
+
+using FileNames = std::set<std::string>;
+
+/// The bare names of what lies in a folder.
+inline FileNames files_of(const std::filesystem::path & folder)
+{
+    FileNames files;
+    for (const auto & entry : std::filesystem::directory_iterator(folder)) files.insert(entry.path().filename().string());
+    return files;
 }

@@ -2,78 +2,53 @@
 #include "fakes/tiny_survey.h"
 
 #include <gtest/gtest.h>
-#include <set>
+#include <sstream>
 
 namespace {
 
-std::set<std::string> files_of(const TemporaryFolder & folder, const std::string & name)
+FileNames names_in(const std::string & text)
 {
-    std::set<std::string> files;
-    for (const auto & entry : std::filesystem::directory_iterator(host_path(folder.file(name))))
-        files.insert(entry.path().filename().string());
-    return files;
+    std::istringstream words(text);
+    return { std::istream_iterator<std::string>(words), {} };
 }
 
-std::set<std::string> with(std::set<std::string> files, const std::set<std::string> & more)
-{
-    files.insert(more.begin(), more.end());
-    return files;
-}
-
-}
-
+/// Files beside the two definitions: of each mode, of a whole run alone, and the results.
 struct MethodCase {
-    const char * method;
-    std::set<std::string> inputs;  ///< solver inputs and scripts of mode all
-    std::set<std::string> reduced; ///< those of a variation
+    std::string method, always, whole, model, data;
 };
+const std::string magnetic = "maginv3d.inp run_maginv3d.bat run_magerror.bat ";
+const std::string gravity = "gzinv3d.inp run_gzinv3d.bat run_magerror.bat ";
+const MethodCase method_cases[] = {
+    { "0", magnetic, "magsen3d.inp run_inversion.bat run_magsen3d.bat ", "model.sus ", "mag.obs " },
+    { "3", magnetic, "magsen3d.inp run_inversion.bat run_magsen3d.bat ", "model.sus ", "mag.obs " },
+    { "6", magnetic, "mag_weights.inp magsen3d.inp run_inversion.bat run_magsen3d.bat ", "model.sus ", "mag.obs " },
+    { "1", gravity, "run_inversion.bat run_gzsen3d.bat ", "model.den ", "grav.obs " },
+    { "2", gravity, "gzsen3d.inp run_inversion.bat run_gzsen3d.bat ", "model.den ", "grav.obs " },
+    { "5", gravity, "gz_weights.inp gzsen3d.inp run_inversion.bat run_gzsen3d.bat ", "model.den ", "grav.obs " },
+    { "4", "qvinv3d.inp run_qvinv3d.bat run_magerror.bat ",
+      "qvsen3d.inp run_inversion.bat run_qvsen3d.bat run_qvsen3d_cluster.bat run_cluster_inversion.bat ", "model.sus ",
+      "mag.obs " },
+};
+
+}
 
 TEST(create, given_each_method_and_mode_then_just_the_files_of_it_are_written)
 {
-    const std::set<std::string> definition = { "inversion.inp", "out.inp" };
-    const MethodCase cases[] = {
-        { "0",
-          { "magsen3d.inp", "maginv3d.inp", "run_inversion.bat", "run_maginv3d.bat", "run_magerror.bat", "run_magsen3d.bat" },
-          { "maginv3d.inp", "run_maginv3d.bat", "run_magerror.bat" } },
-        { "3",
-          { "magsen3d.inp", "maginv3d.inp", "run_inversion.bat", "run_maginv3d.bat", "run_magerror.bat", "run_magsen3d.bat" },
-          { "maginv3d.inp", "run_maginv3d.bat", "run_magerror.bat" } },
-        { "6",
-          { "mag_weights.inp", "magsen3d.inp", "maginv3d.inp", "run_inversion.bat", "run_maginv3d.bat", "run_magerror.bat",
-            "run_magsen3d.bat" },
-          { "maginv3d.inp", "run_maginv3d.bat", "run_magerror.bat" } },
-        { "1",
-          { "gzinv3d.inp", "run_inversion.bat", "run_gzinv3d.bat", "run_magerror.bat", "run_gzsen3d.bat" },
-          { "gzinv3d.inp", "run_gzinv3d.bat", "run_magerror.bat" } },
-        { "2",
-          { "gzsen3d.inp", "gzinv3d.inp", "run_inversion.bat", "run_gzinv3d.bat", "run_magerror.bat", "run_gzsen3d.bat" },
-          { "gzinv3d.inp", "run_gzinv3d.bat", "run_magerror.bat" } },
-        { "5",
-          { "gz_weights.inp", "gzsen3d.inp", "gzinv3d.inp", "run_inversion.bat", "run_gzinv3d.bat", "run_magerror.bat",
-            "run_gzsen3d.bat" },
-          { "gzinv3d.inp", "run_gzinv3d.bat", "run_magerror.bat" } },
-        { "4",
-          { "qvsen3d.inp", "qvinv3d.inp", "run_inversion.bat", "run_qvinv3d.bat", "run_magerror.bat", "run_qvsen3d.bat",
-            "run_qvsen3d_cluster.bat", "run_cluster_inversion.bat" },
-          { "qvinv3d.inp", "run_qvinv3d.bat", "run_magerror.bat" } },
-    };
-    for (const MethodCase & c : cases) {
-        const bool gravity = std::string("125").find(c.method) != std::string::npos;
-        const std::string data = gravity ? "grav.obs" : "mag.obs";
-        const std::pair<const char *, std::set<std::string>> modes[] = {
-            { "all", with(with(definition, c.inputs), { "mesh", gravity ? "model.den" : "model.sus", data, "topo.dat" }) },
-            { "parameters", with(definition, c.inputs) },
-            { "variation", with(definition, c.reduced) },
-            { "variation-data", with(with(definition, c.reduced), { data }) },
+    for (const MethodCase & row : method_cases) {
+        const std::string reduced = "inversion.inp out.inp " + row.always;
+        const std::pair<const char *, std::string> modes[] = {
+            { "all", reduced + row.whole + "mesh topo.dat " + row.model + row.data },
+            { "parameters", reduced + row.whole },
+            { "variation", reduced },
+            { "variation-data", reduced + row.data },
         };
         for (const auto & [mode, files] : modes) {
-            SCOPED_TRACE(std::string(c.method) + " " + mode);
-            const TinySurvey survey({ { "Inversion method", c.method } });
-            const BatchRun run = run_batch(
-                { "create", host_file(survey.folder, "tiny.inp"), "--output", host_file(survey.folder, "out"), "--mode", mode });
-            EXPECT_EQ(run.status, 0) << run.errors;
+            SCOPED_TRACE(row.method + " " + mode);
+            const TinySurvey survey({ { "Inversion method", row.method } });
+            const BatchRun run = create(survey, { "--mode", mode });
+            EXPECT_EQ(run.status, 0);
             EXPECT_EQ(run.errors, "message: Output complete\n");
-            EXPECT_EQ(files_of(survey.folder, "out"), files);
+            EXPECT_EQ(files_of(host_path(survey.folder.file("out"))), names_in(files));
         }
     }
 }
@@ -81,8 +56,7 @@ TEST(create, given_each_method_and_mode_then_just_the_files_of_it_are_written)
 TEST(create, given_the_own_solver_then_every_phase_reports_its_line)
 {
     const TinySurvey survey;
-    const BatchRun run =
-        run_batch({ "create", host_file(survey.folder, "tiny.inp"), "--output", host_file(survey.folder, "out") });
+    const BatchRun run = create(survey);
     EXPECT_EQ(run.output, "Checking inversion definitions\n"
                           "Creating inversion directory\n"
                           "Saving the inversion definitions\n"
@@ -98,20 +72,6 @@ TEST(create, given_the_own_solver_then_every_phase_reports_its_line)
                           "Writing topo data for use in the inversion\n"
                           "Inversion processing complete\n");
     EXPECT_EQ(survey.folder.read("out\\inversion.inp"), survey.folder.read("out\\out.inp"));
-}
-
-TEST(create, given_line_names_then_the_reference_copy_carries_them)
-{
-    const TinySurvey survey(
-        { { "Inversion method", "3" }, { "Obs data definitions", "2 0 1 5 1 2 3 4 0 0 0" }, { "Topo type", "1" } });
-    const BatchRun run =
-        run_batch({ "create", host_file(survey.folder, "tiny.inp"), "--output", host_file(survey.folder, "out") });
-    EXPECT_EQ(run.status, 0) << run.errors;
-    const std::string reference = survey.folder.read("out\\mag.ref");
-    EXPECT_NE(reference.find("\r\n     1050.0000     2050.0000      330.0000        0.0000        1.0000            L0\r\n"),
-              std::string::npos)
-        << reference;
-    EXPECT_FALSE(survey.folder.has("out\\topo.dat"));
 }
 
 TEST(create, given_paths_with_blanks_and_umlauts_then_it_works_and_a_second_run_gives_the_same_bytes)
@@ -132,3 +92,20 @@ TEST(create, given_paths_with_blanks_and_umlauts_then_it_works_and_a_second_run_
     ASSERT_EQ(run_batch(arguments).status, 0);
     EXPECT_EQ(folder.read(place + "\\new \xC3\xB6\\out\\mag.obs"), data);
 }
+
+#ifndef _WIN32
+TEST(create, given_an_interrupt_while_it_runs_then_it_stops_says_so_and_keeps_the_definition)
+{
+    const TinySurvey survey(
+        { { "X Range", "0 20000 100 200" }, { "Y Range", "0 20000 100 200" }, { "Z Range", "0 5000 50 100 1 0" } });
+    // The interrupt comes with the fourth line, while more than a million cells are still to be written.
+    const std::string script = "cd '" + host_file(survey.folder, "") +
+                               "' && mkfifo lines && { '" BATCH_PROGRAM "' create tiny.inp --output out >lines 2>errors & } && "
+                               "{ for i in 1 2 3 4; do read line; done; kill -INT $!; cat >rest; } <lines; wait $!";
+    EXPECT_EQ(WEXITSTATUS(std::system(script.c_str())), 130);
+    EXPECT_EQ(survey.folder.read("errors"), "message: Stopped. What had been written stays, and is not complete\n");
+    EXPECT_EQ(survey.folder.read("rest").find("complete"), std::string::npos);
+    EXPECT_EQ(run_batch({ "check", host_file(survey.folder, "out\\inversion.inp") }).errors,
+              "message: The specified observed data file does not exist\n");
+}
+#endif

@@ -3,8 +3,6 @@
 #include "creation/creation.h"
 #include "fakes/temporary_folder.h"
 
-#include <algorithm>
-
 /// A run whose every field differs from its neighbours in the files, so that an exchange shows.
 struct GivenCreation {
     InversionDefinition definition;
@@ -46,14 +44,4 @@ inline std::string joined(const Lines & lines)
     std::string text;
     for (const std::string & line : lines) text += (text.empty() ? "" : "/") + line;
     return text;
-}
-
-/// The names of the files in a folder, sorted.
-inline std::vector<std::string> folder_names(const TemporaryFolder & folder)
-{
-    std::vector<std::string> names;
-    for (const auto & entry : std::filesystem::directory_iterator(host_path(folder.path())))
-        names.push_back(entry.path().filename().string());
-    std::sort(names.begin(), names.end());
-    return names;
 }

@@ -1,0 +1,325 @@
+#include "data/field_numbers.h"
+#include "data/line_scanner.h"
+#include "data/location_reader.h"
+#include "data/record_parser.h"
+#include "fakes/recorded_host.h"
+#include "fakes/temporary_folder.h"
+#include "support/numbers.h"
+#include "support/text.h"
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace {
+
+/// "x y z value line" of each point; what is missing is a star, an unread line is left out.
+std::string described(const ObservedData & data)
+{
+    const auto number = [](double value) { return value < -1e30 ? std::string("*") : general_text(value); };
+    std::string text;
+    for (std::int32_t i = 1; i <= data.point_count; ++i) {
+        if (i > 1) text += "; ";
+        text += number(data.xyz[0][i]) + " " + number(data.xyz[1][i]) + " " + number(data.xyz[2][i]);
+        if (!data.value[0].empty()) text += " " + (data.value[0][i] < -1e30F ? "*" : general_text(data.value[0][i]));
+        if (!data.line_index.empty()) {
+            const std::int32_t line = data.line_index[i];
+            text += " " + (line == 0 ? std::string("-") : "[" + data.line_name[line] + "]");
+        }
+    }
+    return text;
+}
+
+/// x, y, z and one value in columns 1 to 4, from the first line on.
+LocationSource plain_source()
+{
+    LocationSource source;
+    source.x_column = 1;
+    source.y_column = 2;
+    source.z_column = 3;
+    source.value_column = { 4, 0, 0 };
+    return source;
+}
+
+struct Reader {
+    RecordedHost recorded;
+    TemporaryFolder folder;
+    ObservedData data;
+    LocationStatistics statistics;
+
+    Status read(LocationSource source, const std::string & content, ReadMode mode = ReadMode::store)
+    {
+        if (source.file_name.empty()) source.file_name = folder.write("points of Zoë.dat", content);
+        return read_locations_file(source, mode, data, statistics, recorded.host);
+    }
+};
+
+using Change = void (*)(LocationSource &);
+
+struct ReadCase {
+    const char * name;
+    std::string content;
+    Change change;
+    const char * points;
+};
+
+void with_line_in_1(LocationSource & s)
+{
+    s.line_column = 1;
+    s.x_column = 2;
+    s.y_column = 3;
+    s.z_column = 4;
+    s.value_column[0] = 5;
+}
+
+void doubled_and_shifted(LocationSource & s)
+{
+    s.transform.x_scale = 2;
+    s.transform.new_x_origin = 100;
+    s.transform.elevation_shift = 1;
+    s.transform.elevation_scale = 2;
+    normalise_point_transform(s.transform);
+}
+
+void unchanged(LocationSource &) {}
+
+// A row per case.
+// clang-format off
+const ReadCase read_cases[] = {
+    // line ends
+    { "line_feeds", "1 2 3 4\n5 6 7 8\n", unchanged, "1 2 3 4; 5 6 7 8" },
+    { "both_ends_without_the_last", "1 2 3 4\r\n5 6 7 8", unchanged, "1 2 3 4; 5 6 7 8" },
+    { "carriage_returns", "1 2 3 4\r5 6 7 8\r", unchanged, "1 2 3 4; 5 6 7 8" },
+    { "ends_mixed", "1 2 3 4\r5 6 7 8\n9 8 7 6\r\n", unchanged, "1 2 3 4; 5 6 7 8; 9 8 7 6" },
+    { "utf8_mark_with_both_ends", "\xEF\xBB\xBF" "1,2,3,4\r\n5,6,7,8\r\n", unchanged, "1 2 3 4; 5 6 7 8" },
+    { "empty_file", "", unchanged, "" },
+    // odd bytes go where the line reader drops them, and spoil the number where it keeps them
+    { "control_byte_dropped", "1\x01" "1 2 3 4\n", unchanged, "11 2 3 4" },
+    { "control_byte_kept", "1\x01" "1 2 3 4\r\n5 6 7 8\r\n", unchanged, "5 6 7 8" },
+    { "tab_becomes_blank", "a\tb ,1,2,3,4\n", with_line_in_1, "1 2 3 4 [a b]" },
+    { "tab_stays", "a\tb ,1,2,3,4\r\n", with_line_in_1, "1 2 3 4 [a\tb]" },
+    { "long_line_is_cut", "1 2 3 4" + std::string(10233, ' ') + "5 6 7 8\n", unchanged, "1 2 3 4; 5 6 7 8" },
+    { "long_line_is_whole", "1 2 3" + std::string(10233, ' ') + "4\r\n", unchanged, "1 2 3 4" },
+    // separators
+    { "tabs_and_marks", "1\t2;3'4\n ;1;2;3 4\n", [](auto & s) { s.x_column = 2; s.y_column = 3; s.z_column = 4; s.value_column[0] = 0; },
+      "2 3 4; 1 2 3" },
+    { "commas_with_empty_field", "1, 2 ,,4\n", unchanged, "1 2 * *" },
+    { "stray_comma_changes_its_line_only", "1 2 3 4\n1 2 3, 4\n5 6 7 8\n", unchanged, "1 2 3 4; 5 6 7 8" },
+    { "quoted_comma", "\"a, b\",1,2,3,\"4\"\n", with_line_in_1, "1 2 3 4 [a, b]" },
+    { "quoted_number_between_blanks", "\"1\" 2 3 4\n5 6 7 8\n", unchanged, "5 6 7 8" },
+    { "quoted_text_between_blanks_keeps_its_quotes", "\"a b\" 1 2 3 4\n", with_line_in_1, "1 2 3 4 [\"a b\"]" },
+    // numbers
+    { "forms", "+1.5e1 -.5 2. 1E-2\n1d2 2 3 4\n1e999 2 3 4\n", unchanged, "15 -0.5 2 0.01" },
+    { "all_digits_count", "7243072060574951.5 0.1234567890123456789 3 4\n", [](auto & s) { s.value_column[0] = 0; },
+      "7.24307206057495E+15 0.123456789012346 3" },
+    // a field that is no number ends the record
+    { "short_lines", "1 2\n1\n", unchanged, "1 2 * *" },
+    { "star_right_of_the_place", "1 2 3 *\n", unchanged, "1 2 3 *" },
+    { "star_left_of_the_place", "* 2 3 4\n", [](auto & s) { s.x_column = 2; s.y_column = 3; s.z_column = 4; s.value_column[0] = 1; },
+      "" },
+    { "star_in_z_hides_the_value", "1 2 * 4\n", unchanged, "1 2 * *" },
+    // which lines are records: blank lines count, comments do not
+    { "increment", "1 0 0 0\n\n2 0 0 0\n\\comment\n3 0 0 0\n4 0 0 0\n5 0 0 0\n", [](auto & s) { s.read_increment = 3; },
+      "2 0 0 0; 5 0 0 0" },
+    { "increment_past_the_end", "1 0 0 0\n2 0 0 0\n3 0 0 0\n", [](auto & s) { s.read_increment = 2; }, "2 0 0 0" },
+    { "blanks_are_a_record", "1 0 0 0\n  \n3 0 0 0\n4 0 0 0\n", [](auto & s) { s.read_increment = 2; }, "4 0 0 0" },
+    { "first_line_is_not_looked_at", "!\n\n\\x\n1 2 3 4\n! 5 6 7 8\n", [](auto & s) { s.first_data_line = 4; }, "1 2 3 4" },
+    // roles
+    { "depth_and_offset", "1 2 3 4\n1 2 * 4\n", [](auto & s) { s.z_is_depth = 1; s.elevation_offset = 10; }, "1 2 7 4; 1 2 * *" },
+    { "one_column_in_many_roles", "1 2\n3 4\n", [](auto & s) { s.z_column = 1; s.value_column[0] = 2; s.line_column = 2; },
+      "1 2 * 2 [2]; 3 4 * 4 [4]" },
+    { "zero_line", "0 0 0 0 1\n5 0 0 0 1\n0 0 0 1 1\n", with_line_in_1, "0 0 0 1 [5]; 0 0 1 1 [0]" },
+    { "zero_point_without_lines", "0 0 0 1\n", unchanged, "0 0 0 1" },
+    { "dropped_records_name_lines", "a 1 2 3 4\nb * 2 3 4\na 5 6 7 8\n", with_line_in_1, "1 2 3 4 [a]; 5 6 7 8 [a]" },
+    { "transform", "10 0 5 1\n10 0 * 1\n", doubled_and_shifted, "120 0 12 1; 120 0 * *" },
+    { "interpolated", "a 0 0 0 1\na 30 0 6 2\nb 60 0 0 3\n", [](auto & s) { with_line_in_1(s); s.interpolation_interval = 10; },
+      "0 0 0 1 [a]; 10 0 2 2 [a]; 20 0 4 2 [a]; 30 0 6 2 [a]; 60 0 0 3 [b]" },
+};
+// clang-format on
+
+TEST(read_locations_file, given_a_text_then_its_points)
+{
+    for (const ReadCase & c : read_cases) {
+        SCOPED_TRACE(c.name);
+        Reader reader;
+        LocationSource source = plain_source();
+        c.change(source);
+        EXPECT_EQ(reader.read(source, c.content), Status::good);
+        EXPECT_EQ(described(reader.data), c.points);
+        EXPECT_TRUE(reader.recorded.dialogs.messages.empty());
+        const std::int32_t stored = reader.data.point_count;
+        EXPECT_EQ(reader.read(source, c.content, ReadMode::statistics), Status::good);
+        EXPECT_EQ(reader.data.point_count, stored);
+        EXPECT_TRUE(reader.data.xyz[0].empty());
+    }
+}
+
+TEST(read_locations_file, given_lines_and_categories_then_first_points_and_sorted_names)
+{
+    Reader reader;
+    LocationSource source = plain_source();
+    with_line_in_1(source);
+    source.value_column[0] = 0;
+    source.category_column = 5;
+    source.text_column = 6;
+    ASSERT_EQ(reader.read(source, "L1,0,0,0,slate,p\nL1,1,0,0,,q\nL2,2,0,0,basalt\nL2,x,0,0,gabbro\nL1,3,0,0,slate,r\n"),
+              Status::good);
+    EXPECT_EQ(reader.data.line_name, (List<std::string>{ "L1", "L2", "L1" }));
+    EXPECT_EQ(reader.data.line_first_point, (List<std::int32_t>{ 1, 3, 4, 5 }));
+    EXPECT_EQ(reader.data.category_name, (List<std::string>{ "NA", "basalt", "slate" }));
+    EXPECT_EQ(reader.data.category_index, (List<std::int32_t>{ 3, 1, 2, 3 }));
+    EXPECT_EQ(reader.data.text, (List<std::string>{ "p", "q", "", "r" }));
+    EXPECT_TRUE(reader.data.value[0].empty());
+}
+
+TEST(read_locations_file, given_values_and_a_window_then_statistics)
+{
+    Reader reader;
+    LocationSource source = plain_source();
+    source.value_column = { 4, 5, 0 };
+    source.value_window = { false, true };
+    reader.statistics.value[1].minimum = 0;
+    reader.statistics.value[1].maximum = 10;
+    ASSERT_EQ(reader.read(source, "1 2 3 4 5\n-1 8 * 1 1\n3 4 6 * 1\n3 4 6 9 11\n2 4 6 9 10\n", ReadMode::statistics),
+              Status::good);
+    const LocationStatistics & s = reader.statistics;
+    EXPECT_EQ(reader.data.point_count, 2); // value 2 is missing in two records, and so below its limit
+    EXPECT_EQ(s.minimum_x, 1);
+    EXPECT_EQ(s.maximum_y, 4);
+    EXPECT_EQ(s.z.mean, 4.5F);
+    EXPECT_EQ(s.z.maximum, 6);
+    EXPECT_EQ(s.value[0].mean, 6.5F);
+    EXPECT_EQ(s.value[1].minimum, 0);
+    EXPECT_EQ(s.value[1].maximum, 10);
+    EXPECT_EQ(s.value[2].minimum, 1e32F);
+}
+
+TEST(read_locations_file, given_a_fault_then_one_message_and_nothing_changed)
+{
+    const struct {
+        const char * content;
+        Change change;
+        const char * message; ///< its beginning, and all of it where the system has no say
+    } cases[] = {
+        { "1 2 3 4\n", [](LocationSource & s) { s.file_name = "C:\\no\\such file.dat"; },
+          "An error occurred while reading the location file : cannot open" },
+        { "1 2 3 4\n", [](LocationSource & s) { s.value_column[1] = 513; },
+          "An error occurred while reading the location file : column 513 " },
+        { "1 2 3 4e38\n", unchanged, "An error occurred while reading the location file : Overflow" },
+        { "",
+          [](LocationSource & s) {
+              s.file_type = 2;
+              s.file_name = "C:\\a b.gdb";
+          },
+          "Geosoft databases (.gdb) cannot be read here; export the data to a point file instead: C:\\a b.gdb" },
+    };
+    for (const auto & c : cases) {
+        SCOPED_TRACE(c.message);
+        Reader reader;
+        reader.data.point_count = 7;
+        LocationSource source = plain_source();
+        c.change(source);
+        EXPECT_EQ(reader.read(source, c.content), Status::bad);
+        ASSERT_EQ(reader.recorded.dialogs.messages.size(), 1U);
+        EXPECT_TRUE(reader.recorded.dialogs.messages[0].starts_with(c.message)) << reader.recorded.dialogs.messages[0];
+        EXPECT_EQ(reader.data.point_count, 7);
+    }
+}
+
+TEST(read_locations_file, given_the_last_column_or_a_stop_then_they_pass)
+{
+    Reader reader;
+    LocationSource source = plain_source();
+    source.value_column[0] = 512;
+    std::string line;
+    for (int i = 1; i <= 512; ++i) line += general_text(i) + " ";
+    EXPECT_EQ(reader.read(source, line), Status::good);
+    EXPECT_EQ(described(reader.data), "1 2 3 512");
+    reader.recorded.progress.stop_at_percent = 0;
+    EXPECT_THROW(static_cast<void>(reader.read(source, line)), Stopped);
+    EXPECT_TRUE(reader.recorded.dialogs.messages.empty());
+}
+
+// The quick ways must agree with the plain procedures of support on whatever a file may hold.
+
+std::string random_text(std::mt19937 & random, std::string_view alphabet, std::size_t longest)
+{
+    std::string text(random() % (longest + 1), ' ');
+    for (char & c : text) c = alphabet[random() % alphabet.size()];
+    return text;
+}
+
+TEST(read_plain_number, given_any_text_then_the_same_as_number_prefix)
+{
+    std::mt19937 random(1);
+    int taken = 0;
+    for (int i = 0; i < 300000; ++i) {
+        const std::string text = random_text(random, "0123456789012345678901234567890.....e-+x", 1 + random() % 30);
+        double value = 0;
+        const char * const end = read_plain_number(text.data(), text.data() + text.size(), value);
+        if (end == nullptr) continue;
+        ++taken;
+        const NumberPrefix prefix = number_prefix(text);
+        ASSERT_EQ(static_cast<std::size_t>(end - text.data()), prefix.length) << text;
+        ASSERT_EQ(value, prefix.value) << text;
+    }
+    EXPECT_GT(taken, 100000);
+}
+
+TEST(line_scanner, given_any_bytes_then_the_lines_of_the_line_readers)
+{
+    std::mt19937 random(2);
+    const TemporaryFolder folder;
+    const std::string_view alphabets[] = { "ab,12 ", "ab\t12 \"", "ab\r1\x01\xC3", "abc" };
+    for (int i = 0; i < 60; ++i) {
+        std::string content;
+        while (content.size() < 150000) { // past more than one block, some of them odd
+            content += random_text(random, alphabets[random() % 100 != 0 ? 0 : random() % 4], random() % 500 != 0 ? 100 : 30000);
+            content += random() % 9 != 0 ? i % 2 == 0 ? "\n" : "\r\n" : "";
+        }
+        TextFile file(folder.write("lines", content));
+        TextFile again(folder.file("lines"));
+        const LineReader reader = i % 3 == 0 ? LineReader::raw : LineReader::printable;
+        LineScanner scanner(file, reader);
+        std::string expected;
+        std::string_view line;
+        while (reader == LineReader::raw ? read_raw_line(again, expected) : read_text_line(again, expected)) {
+            ASSERT_TRUE(scanner.next(line));
+            const bool has_mark = expected.find_first_of(",\"") != std::string::npos;
+            std::string given(line);
+            if (reader == LineReader::printable && !has_mark) std::ranges::replace(given, '\t', ' ');
+            ASSERT_EQ(given, expected);
+        }
+        EXPECT_FALSE(scanner.next(line));
+    }
+}
+
+TEST(record_parser, given_any_line_then_the_fields_of_the_splitters)
+{
+    std::mt19937 random(3);
+    for (int i = 0; i < 200000; ++i) {
+        const std::string line = random_text(random, i % 2 == 0 ? "ab1 \t;'\"" : "ab1  ,,\"", 24);
+        LocationSource source;
+        source.text_column = static_cast<std::int32_t>(1 + random() % 5);
+        source.x_column = static_cast<std::int32_t>(1 + random() % 5);
+        std::int32_t count = 5;
+        List<std::string> fields(count);
+        std::string_view rest = line;
+        if (line.find(',') != std::string::npos)
+            split_fields(count, line, ',', fields);
+        else
+            for (std::string & field : fields.items()) field = next_token(rest);
+
+        LocationRecord record;
+        RecordParser(source).parse(line, record);
+        const std::string & x = fields[source.x_column];
+        EXPECT_EQ(record.number[0], is_numeric(x) ? leading_number(x) : -1e32) << line;
+        const bool reached = source.text_column < source.x_column || is_numeric(x);
+        ASSERT_EQ(record.text.has_value(), reached) << line;
+        if (reached) {
+            ASSERT_EQ(*record.text, fields[source.text_column]) << line;
+        }
+    }
+}
+
+}

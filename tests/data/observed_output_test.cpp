@@ -1,0 +1,172 @@
+#include "data/observed_output.h"
+#include "fakes/recorded_host.h"
+#include "fakes/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// 3 x 2 cells with readings in cells 1, 3 and 5 by number, and five readings in the order of their file.
+ObservedReadings small_readings()
+{
+    ObservedReadings readings;
+    SelectedData & s = readings.selected;
+    s.cells_x = 3;
+    s.cells_y = 2;
+    s.occupied = { 1, 0, 1, 0, 1, 0 };
+    s.x = { 5, 0, 25.5F, 0, 15, 0 };
+    s.y = { 5, 0, 5, 0, 15, 0 };
+    s.z = { -1234567936.0F, 0, -120, 0, 130, 0 };
+    s.value_1 = { 1234.5F, 0, -1e32F, 0, 100, 0 };
+    s.value_2 = { 0, 0, 2, 0, -1e32F, 0 };
+    s.value_3 = { 0.5F, 0, 1, 0, 2, 0 };
+    s.line = { 1, 0, 2, 0, 0, 0 };
+    s.extra_value = { 7, 0, 8, 0, 9, 0 };
+    s.line_name = { "L1", "a line of a long name" };
+    return readings;
+}
+
+void add_point(ObservedReadings & readings, std::int32_t cell_x, std::int32_t cell_y, double value)
+{
+    ++readings.all.point_count;
+    readings.all.points.push_back({ .cell_x = cell_x, .cell_y = cell_y, .line = 1, .x = 724307.206057495, .value_1 = value });
+}
+
+InversionDefinition small_definition()
+{
+    InversionDefinition definition;
+    definition.inversion_method = 1; // no header
+    definition.error_percent = 10;
+    definition.error_floor = 0.5F;
+    return definition;
+}
+
+const OutputWindow whole = { 1, 4, 1, 3 };
+
+struct Output {
+    RecordedHost recorded;
+    TemporaryFolder folder;
+    std::int32_t count = -1;
+
+    std::string write(const InversionDefinition & definition, const ObservedReadings & readings, bool extended = false,
+                      const OutputWindow & window = whole)
+    {
+        count = write_inversion_data(definition, {}, readings, extended, folder.file("mag.obs"), window, recorded.host);
+        return folder.read("mag.obs");
+    }
+};
+
+TEST(write_inversion_data, given_one_reading_per_cell_then_the_file)
+{
+    Output output;
+    EXPECT_EQ(output.write(small_definition(), small_readings()),
+              " 3 \r\n"
+              "        5.0000        5.0000-1234567936.00     1234.5000      123.9500\r\n"
+              "       25.5000        5.0000     -120.0000             *        0.0000\r\n"
+              "       15.0000       15.0000      130.0000      100.0000       10.5000\r\n");
+    EXPECT_EQ(output.count, 3);
+}
+
+TEST(write_inversion_data, given_three_values_and_extension_then_the_file)
+{
+    Output output;
+    InversionDefinition definition = small_definition();
+    definition.obs_data_type_count = 3;
+    definition.slog_scaling = 1; // 100 has the error of 10; the other values are not compressed
+    definition.error_floor = 0;
+    definition.data_line_column = 5;
+    definition.data_extra_value_column = 6;
+    EXPECT_EQ(output.write(definition, small_readings(), true, { 2, 4, 1, 3 }),
+              " 2 \r\n"
+              "       25.5000        5.0000     -120.0000             *        0.0000        2.0000        0.2000        1.0000"
+              "        0.1000a line of a lo        8.0000\r\n"
+              "       15.0000       15.0000      130.0000      100.0000        1.0000             *        0.0000        2.0000"
+              "        0.2000                      9.0000\r\n");
+}
+
+TEST(write_inversion_data, given_an_empty_window_then_no_file)
+{
+    Output output;
+    EXPECT_EQ(output.write(small_definition(), small_readings(), false, { 2, 3, 1, 2 }), "");
+    EXPECT_EQ(output.count, 0);
+    EXPECT_FALSE(output.folder.has("mag.obs"));
+}
+
+TEST(write_inversion_data, given_every_reading_then_the_first_of_each_cell_go_out)
+{
+    ObservedReadings readings = small_readings();
+    for (const double value : { 1.0, 2.0, 3.0 }) add_point(readings, 1, 1, value);
+    add_point(readings, 2, 2, 4);
+    const struct {
+        std::int32_t per_cell;
+        OutputWindow window;
+        const char * values; ///< value 1 of each line
+    } cases[] = {
+        { 2, whole, "124" },           { 0, whole, "1234" }, { 1, whole, "10" }, // one: the selection, whose first has 1234.5
+        { 0, { 1, 2, 1, 2 }, "1234" }, // the last column and row belong to the window here
+        { 0, { 3, 4, 1, 2 }, "" },
+    };
+    for (const auto & c : cases) {
+        SCOPED_TRACE(c.values);
+        Output output;
+        InversionDefinition definition = small_definition();
+        definition.data_values_per_cell = c.per_cell;
+        const std::string text = output.write(definition, readings, false, c.window);
+        if (c.per_cell == 1) {
+            EXPECT_EQ(output.count, 3);
+            continue;
+        }
+        std::string values;
+        for (std::size_t at = text.find("\r\n"); at + 2 < text.size(); at = text.find("\r\n", at + 2))
+            values += text.substr(at + 2 + 42, 14).substr(8, 1);
+        EXPECT_EQ(values, c.values);
+        EXPECT_TRUE(values.empty() || text.find("   724307.2061") != std::string::npos);
+    }
+}
+
+TEST(write_inversion_data, given_a_method_and_a_field_then_its_header)
+{
+    const std::string plain = "60.10 0.50 55000.00\r\n60.10 0.50 1\r\n";
+    const struct {
+        std::int32_t method, type;
+        float declination;
+        bool transforms;
+        std::string header;
+    } cases[] = {
+        { 0, 1, 0.5F, false, plain },
+        { 6, 1, 0.5F, true, plain }, // less than a degree of declination is not turned
+        { 3, 1, -4.25F, true, "60.10 25.75 55000.00\r\n60.10 25.75 1\r\n" },
+        { 4, 30, -4.25F, true, "-90.00 0.00 55000.00\r\n-90.00 0.00 1\r\n" },
+        { 4, 1, 0.5F, false, plain },
+        { 4, -1, 0.5F, false, plain },
+        { 4, 100, 0.5F, false, plain },
+        { 4, 0, 0.5F, false, "" },
+        { 4, 6, 0.5F, false, "" },
+        { 2, 0, 0.5F, false, "" },
+        { 5, 0, 0.5F, false, "" },
+    };
+    for (const auto & c : cases) {
+        SCOPED_TRACE(c.method * 1000 + c.type);
+        Output output;
+        InversionDefinition definition = small_definition();
+        definition.inversion_method = c.method;
+        definition.obs_data_types[0] = c.type;
+        definition.mag_inclination = 60.1F;
+        definition.mag_declination = c.declination;
+        definition.mag_intensity = 55000;
+        definition.coordinate_transform.in_use = c.transforms;
+        definition.coordinate_transform.rotation = 30;
+        const std::string text = output.write(definition, small_readings());
+        EXPECT_EQ(text.substr(0, text.find(" 3 \r\n")), c.header);
+    }
+}
+
+TEST(write_inversion_data, given_a_folder_that_is_not_there_then_a_file_fault)
+{
+    RecordedHost recorded;
+    EXPECT_THROW(
+        write_inversion_data(small_definition(), {}, small_readings(), false, "no folder\\mag.obs", whole, recorded.host),
+        FileFault);
+}
+
+}

@@ -1,45 +1,27 @@
 #include "fakes/recorded_host.h"
 #include "fakes/temporary_folder.h"
-#include "host/debug_log.h"
 
 #include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
-TEST(debug_write, given_level_0_then_no_file)
+TEST(debug_log, given_a_level_then_lines_are_numbered_and_a_reset_starts_again)
 {
     const TemporaryFolder folder;
-    RecordedHost host;
-    host.debug.file = folder.file("debug.log");
-    debug_write(host.debug, host.dialogs, true, "text");
-    EXPECT_FALSE(folder.has("debug.log"));
-    EXPECT_TRUE(host.dialogs.messages.empty());
-}
+    RecordedDialogs dialogs;
+    DebugLog log;
+    log.file = folder.write("log", "of an earlier run");
+    debug_write(log, dialogs, false, "off");
+    EXPECT_EQ(folder.read("log"), "of an earlier run");
 
-TEST(debug_write, given_level_1_then_numbered_lines_anew_after_a_reset)
-{
-    const TemporaryFolder folder;
-    RecordedHost host;
-    host.debug.level = 1;
-    host.debug.file = folder.write("debug.log", "of an earlier run");
-    const auto text_behind_head = [&folder] {
-        const std::string text = folder.read("debug.log");
-        EXPECT_TRUE(text.starts_with("Debug for 3D Mag/Gravity Inversion Setup Utility started at : ")) << text;
-        return text.substr(text.find("\r\n") + 2);
-    };
-    debug_write(host.debug, host.dialogs, false, "user name: x");
-    debug_write(host.debug, host.dialogs, false, "more");
-    EXPECT_EQ(text_behind_head(), "1 : user name: x\r\n2 : more\r\n");
-    debug_write(host.debug, host.dialogs, true, "again");
-    EXPECT_EQ(text_behind_head(), "1 : again\r\n");
-    const std::string started = "Debug started: " + host.debug.file;
-    EXPECT_EQ(host.dialogs.messages, (std::vector<std::string>{ started, started }));
-}
+    log.level = 1;
+    debug_write(log, dialogs, false, "one");
+    debug_write(log, dialogs, false, "two");
+    const std::string text = folder.read("log");
+    EXPECT_EQ(text.find("Debug for 3D Mag/Gravity Inversion Setup Utility started at : 20"), 0U);
+    EXPECT_EQ(text.substr(text.find("\r\n")), "\r\n1 : one\r\n2 : two\r\n");
 
-TEST(debug_write, given_a_place_that_takes_nothing_then_no_fault)
-{
-    RecordedHost host;
-    host.debug.level = 1;
-    host.debug.file = "\\dev\\null\\debug.log";
-    EXPECT_NO_THROW(debug_write(host.debug, host.dialogs, false, "text"));
+    debug_write(log, dialogs, true, "again");
+    EXPECT_EQ(folder.read("log").substr(text.find("\r\n")), "\r\n1 : again\r\n");
+    log.file = folder.file("none\\log"); // cannot be written: ignored
+    debug_write(log, dialogs, false, "lost");
+    EXPECT_EQ(dialogs.messages, std::vector<std::string>(2, "Debug started: " + folder.file("log")));
 }

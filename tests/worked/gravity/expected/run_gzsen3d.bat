@@ -1,0 +1,1 @@
+gzsen3d gzsen3d.inp

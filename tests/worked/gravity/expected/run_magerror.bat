@@ -1,0 +1,1 @@
+dmxerror grav.obs gzinv3d.pre error.dat mesh

@@ -1,0 +1,1 @@
+dmxerror mag.obs maginv3d.pre error.dat mesh

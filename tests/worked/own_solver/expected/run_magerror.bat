@@ -1,0 +1,1 @@
+QVerror mag.obs qvinv3d.pre error.dat mesh

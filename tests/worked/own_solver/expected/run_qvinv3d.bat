@@ -1,0 +1,2 @@
+qvinv3d qvinv3d.inp NOFAST
+QVerror mag.obs qvinv3d.pre error.dat mesh

@@ -1,0 +1,1 @@
+qvsen3d qvsen3d.inp
