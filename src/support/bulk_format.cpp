@@ -238,10 +238,7 @@ char * put_exponent(char * at, float value)
     constexpr std::uint64_t turn = one_in_fraction / 2 - one_in_fraction / 2'000'000'000;
     const auto bits = std::bit_cast<std::uint32_t>(value);
     const std::uint32_t biased = (bits >> 23) & 0xFFU;
-    if (value == 0) {
-        std::memcpy(at, "0.00000E+00", 11);
-        return at + 11;
-    }
+    if (value == 0) return std::copy_n("0.00000E+00", 11, at);
     if (biased == 0 || biased == 255) return put_text(at, format_number(static_cast<double>(value), "0.00000E+00"));
 
     const Binade & binade = binades[biased];
