@@ -16,10 +16,10 @@ enum class GridRegistration { cell, node };
 
 /// One format that can be read: a row of the table of formats.
 struct GridFormat {
-    std::int32_t code;          ///< 1 ERMapper, 15 raster image with a registration; others are this program's own
+    std::int32_t code; ///< 1 ERMapper, 15 raster image with a registration; others are this program's own
     const char * name;
     GridRegistration registration;
-    const char * null_rule;     ///< in words, as shown to the user
+    const char * null_rule; ///< in words, as shown to the user
 };
 
 /// The limits of a grid or of the part of it that is wanted: outer cell edges, in the grid's own units. Unset: west above east.
