@@ -10,7 +10,8 @@
 
 // Cases in a text file beside the tests of a folder, one case a line, "|" between its fields. Blanks round a field do not
 // count. A field that needs its blanks, a "|" or an odd byte stands in double quotes, in which \n, \r, \t, \" and \\ are
-// characters and \x01 is a byte. Empty lines, and lines that begin with "#", are for the reader.
+// characters and \x01 is a byte. A line that begins with a blank goes on with the case above it. Empty lines, and lines that
+// begin with "#", are for the reader.
 
 /// The parts of a text between delimiters that stand outside quotes, each without the blanks round it.
 inline std::vector<std::string> parts_of(std::string_view text, char delimiter)
@@ -47,21 +48,26 @@ inline std::string unquoted(const std::string & field)
     return text;
 }
 
-/// All cases of a file. A file that is missing or empty and a line with other than `columns` fields end the test.
+/// All cases of a file. A file that is missing or empty and a case with other than `columns` fields end the test.
 template <std::size_t columns>
 std::vector<std::array<std::string, columns>> cases_of(const std::string & name)
 {
-    std::vector<std::array<std::string, columns>> cases;
+    std::vector<std::string> texts;
     std::ifstream file(TEST_DATA_FOLDER "/" + name, std::ios::binary);
     for (std::string line; std::getline(file, line);) {
         if (line.find_first_not_of(" \r") == line.npos || line[0] == '#') continue;
-        const std::vector<std::string> fields = parts_of(line, '|');
-        if (fields.size() != columns)
-            throw std::runtime_error(name + ": other than " + std::to_string(columns) + " fields: " + line);
-        cases.emplace_back();
-        for (std::size_t i = 0; i < columns; ++i) cases.back()[i] = unquoted(fields[i]);
+        if (line[0] == ' ' && !texts.empty())
+            texts.back() += line;
+        else
+            texts.push_back(line);
     }
-    if (cases.empty()) throw std::runtime_error(name + ": no case");
+    if (texts.empty()) throw std::runtime_error(name + ": no case");
+    std::vector<std::array<std::string, columns>> cases(texts.size());
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const std::vector<std::string> fields = parts_of(texts[i], '|');
+        if (fields.size() != columns) throw std::runtime_error(name + ": fields too many or too few: " + texts[i]);
+        for (std::size_t column = 0; column < columns; ++column) cases[i][column] = unquoted(fields[column]);
+    }
     return cases;
 }
 
