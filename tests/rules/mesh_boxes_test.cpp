@@ -38,6 +38,8 @@ TEST(unload_mesh, given_limits_then_they_are_snapped_to_whole_cells)
         { 0, "Text_min_val 0 = 0.1; Text_max_val 0 = 1; Text_cell_size 0 = 0.3",
           "Text_min_val 0 = 0.1; Text_max_val 0 = 1; Text_num_cells 0 = 3" },
         { 2, "Text_max_val 2 = 500; Text_cell_size 2 = 30", "Text_min_val 2 = 0; Text_max_val 2 = 510; Text_num_cells 2 = 17" },
+        { 2, "Text_max_val 2 = 500; Text_cell_size 2 = 30", "Text_min_val 2 = -10; Text_max_val 2 = 500; Text_num_cells 2 = 17",
+          true },
         { 2, "Text_min_val 2 = -105; Text_max_val 2 = 0; Text_cell_size 2 = 50", // the core hangs from the snapped top
           "Text_min_val 2 = -105; Text_max_val 2 = -5; Text_num_cells 2 = 2" },
     };
