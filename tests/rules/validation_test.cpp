@@ -1,34 +1,32 @@
-#include "fakes/temporary_folder.h"
 #include "grid/grid_detection.h"
 #include "rules/started_setup.h"
 #include "rules/validation.h"
 
-#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
 
 using Texts = std::vector<std::string>;
-using Record = InversionDefinition;
 
 /// A form that passes the check with any method: points and topography from files in `folder`, all optional boxes in use.
 struct Checked : StartedSetup {
-    explicit Checked(const TemporaryFolder & folder, std::int32_t method = 4)
+    explicit Checked(const TemporaryFolder & folder, const std::string & method = "4")
     {
-        Record record;
-        record.inversion_method = method;
-        record.mesh_max = { 100, 100, 100, 0 };
-        record.mesh_cell_size = { 10, 10, 10, 1 };
-        record.padding_multipliers = { "1,2", "1,2,4" };
-        record.data_file[0] = folder.write("points.dat", "X Y Z\n1 2 3\n");
-        record.data_file[1] = folder.write("topo.dat", "X Y Z\n1 2 3\n");
-        record.depth_weighting_mode = 1;
-        record.mag_intensity = 1;
-        load(record);
-        for (const char * box : { "Text_line_azimuth", "Text_inversion_background_value" })
-            setup.form[box].text.clear(); // unread
+        load_lines("Inversion method: " + method + "; X Range: 0 100 10 10; Y Range: 0 100 10 10; Z Range: 0 100 10 10 1 0;" +
+                   "X/Y padding: 1,2; Z padding: 1,2,4; Depth weighting: 1 0 3 0; Mag field: 0 0 1;" +
+                   "Obs data file: " + folder.write("points.dat", "X Y Z\n1 2 3\n") + ";" +
+                   "Topo data file: " + folder.write("topo.dat", "X Y Z\n1 2 3\n"));
+        act("Text_line_azimuth :=; Text_inversion_background_value :="); // unread
     }
-    Record & record() { return setup.definition; }
+    InversionDefinition & record() { return setup.definition; }
+    void make(const std::string & fault)
+    {
+        for (const std::string & part : parts_of(fault, ';'))
+            if (part.find('_') == part.npos)
+                take_lines(part, record());
+            else
+                act(part);
+    }
     /// The messages of the check; a validated record goes with none and only with none.
     Texts check()
     {
@@ -41,143 +39,63 @@ struct Checked : StartedSetup {
     }
 };
 
-struct Faulty {
-    std::int32_t method;
-    std::function<void(Checked &)> make;
-    std::string message;
-};
-
-/// Each way to fail, for each method in the order of the check.
-std::vector<Faulty> all_faults()
-{
-    std::vector<Faulty> faults;
-    // Boxes are changed without the change rules, so that the record keeps what the box no longer says.
-    const auto box = [&](std::int32_t method, const char * name, const char * text, std::string message, int index = 0) {
-        faults.push_back({ method, [=](Checked & c) { c.setup.form(name, index).text = text; }, message });
-    };
-    const auto number = [&](std::int32_t method, const char * name, const std::string & subject, const char * bad,
-                            const char * why) {
-        box(method, name, "", subject + " is not numeric");
-        box(method, name, bad, subject + why);
-    };
-    const auto record = [&](const char * message, void (*make)(Record &)) {
-        faults.push_back({ 4, [=](Checked & c) { make(c.record()); }, message });
-    };
-    box(4, "Text_max_val", "x", "The maximum Z value is not valid", 2);
-    box(4, "Text_cell_size", "300", "Min y mesh must be less than max", 1); // a third of a cell is no cell
-    box(4, "Text_UBC_regional_field", "", "The regional field base level is not numeric");
-    number(4, "Text_UBC_regional_scale", "The field scale value", "0.0", " cannot be 0");
-    number(4, "Text_percent_error", "The percent error field", "-1", " must be positive");
-    number(4, "Text_error_floor", "The error floor field", "-0.1", " must be non-negative");
-    box(4, "Text_error_floor", "0", "The percent error and error floor fields cannot both be zero");
-    record("The observed data file must be specified", [](Record & r) { r.data_file[0] = " "; });
-    record("The specified observed data file does not exist", [](Record & r) { r.data_file[0] = "gone.dat"; });
-    number(4, "Text_UBC_locations_nhead", "The number of the first data line", "0", " must be positive");
-    record("The X column location must be defined", [](Record & r) { r.data_x_column[0] = 0; });
-    record("The Y column location must be defined", [](Record & r) { r.data_y_column[0] = 0; });
-    record("The mag column location must be defined", [](Record & r) { r.data_value_column[0] = 0; });
-    number(4, "Text_UBC_locations_valcount", "The nuber of values per cell", "-1", " must be non-negative");
-    number(4, "Text_UBC_integration_interval", "The integration interval", "-1", " cannot be negative");
-    record("There are not enough distinct fields for the observed data file",
-           [](Record & r) { r.data_z_column[0] = r.data_value_column[0] = 2; });
-    box(4, "Text_UBC_elevation_offset", "", "The elevation offset value is not numeric");
-    record("The topo file does not exist", [](Record & r) { r.data_file[1] = "gone.dat"; });
-    record("The Z column location must be defined", [](Record & r) { r.data_z_column[1] = 0; });
-    record("No data types have been selected", [](Record & r) { r.obs_data_type_count = 0; });
-    box(3, "Text_mag_inclination", "", "The mag inclination is not numeric");
-    box(3, "Text_mag_declination", "", "The mag declination is not numeric");
-    number(3, "Text_mag_intensity", "The mag intensity", "0", " must be positive");
-    box(4, "Text_mag_intensity", "0", "The mag intensity must be positive");
-    faults.back().make = [zero = faults.back().make](Checked & c) { c.record().obs_data_types[0] = 30, zero(c); };
-    record("The line azimuth is not numeric", [](Record & r) { r.obs_data_types[0] = 4; });
-    record("The model background value is not numeric", [](Record & r) { r.background_method = 2; });
-    number(1, "Text_iterations", "The number of iterations", "0", " must be positive");
-    number(1, "Text_chi_factor", "The Chi factor", "0", " must be positive");
-    number(1, "Text_subspace", "The Subspace size", "-1", " cannot be negative");
-    number(4, "Text_weighting_beta", "The beta value", "0", " must be positive");
-    box(4, "Text_weighting_znot", "", "The znot value is not numeric");
-    box(4, "Text_wavelet_itol", "1.0", "The itol parameter must be either 1 or 2");
-    number(4, "Text_wavelet_eps", "The wavelet compression tolerance value", "0", " must be positive");
-    number(4, "Text_inversion_par", "The misfit/smoothness trade-off parameter", "0", " must be positive");
-    number(3, "Text_inversion_tolc", "The misfit tolerance value", "0", " must be positive");
-    number(4, "Text_alpha_s", "The alpha s value", "-1", " must be positive");
-    number(4, "Text_alpha_e", "The alpha E value", "-1", " must be positive");
-    number(4, "Text_alpha_n", "The alpha N value", "-1", " must be positive");
-    number(4, "Text_alpha_v", "The alpha V value", "-1", " must be positive");
-    record("The specified weighting matrix model file does not exist", [](Record & r) { r.weighting_model = "gone.w"; });
-    box(4, "Text_initial_file", "gone.sus", "The specified initial model file does not exist in the folder: " + current_folder());
-    box(4, "Text_reference_file", "gone.sus", "The specified reference model file does not exist");
-    box(4, "Text_depth_weighting_file", "0 1", "The specified bounds file does not exist");
-    box(1, "Text_depth_weighting_file", "gone.w", "The specified depth weighting matrix model file does not exist");
-    box(4, "Text_rock_propery_file", "gone.lkp", "The specified rock property file does not exist");
-    box(4, "Text_max_iter", "-1", "The number of iterations is not valid");
-    return faults;
-}
-
 }
 
 TEST(check_inversion_definitions, given_one_fault_or_all_later_ones_too_then_the_first_has_its_message)
 {
     const TemporaryFolder folder;
-    const std::vector<Faulty> faults = all_faults();
-    for (auto fault = faults.begin(); fault != faults.end(); ++fault) {
-        Checked single(folder, fault->method), several(folder, fault->method);
-        fault->make(single);
-        EXPECT_EQ(single.check(), Texts{ fault->message });
-        for (auto later = faults.end(); later-- != fault;)
-            if (later->method == fault->method) later->make(several);
-        EXPECT_EQ(several.check(), Texts{ fault->message });
+    const auto faults = cases_of<3>("validation.cases");
+    for (auto row = faults.begin(); row != faults.end(); ++row) {
+        const auto & [method, fault, message] = *row;
+        Checked single(folder, method), several(folder, method);
+        single.make(fault);
+        const bool has_folder = message.ends_with('@');
+        const Texts expected = { has_folder ? message.substr(0, message.size() - 1) + current_folder() : message };
+        EXPECT_EQ(single.check(), expected);
+        for (auto later = faults.end(); later-- != row;)
+            if ((*later)[0] == method) several.make((*later)[1]);
+        EXPECT_EQ(several.check(), expected);
     }
 }
 
 TEST(check_inversion_definitions, given_quirks_that_users_rely_on_then_the_check_passes)
 {
     const TemporaryFolder folder;
-    const std::tuple<std::int32_t, std::int32_t, const char *, const char *> cases[] = {
-        { 4, 1, "Text_weighting_znot", "-5" },
-        { 4, 1, "Text_inversion_tolc", "" }, // hidden
-        { 4, 1, "Text_cell_size", "100" },   // one cell
-        { 4, 1, "Text_max_iter", "many" },
-        { 4, 2, "Text_mag_intensity", "" },
-        { 4, -1, "Text_mag_intensity", "" },
-        { 5, 1, "Text_mag_intensity", "" },
-        { 2, 1, "Text_alpha_s", "unread" },
-        { 1, 1, "Text_inversion_par", "" },
-        { 0, 1, "Text_depth_weighting_file", "gone.sus" },
-        { 0, 1, "Text_rock_propery_file", "gone.lkp" },
-    };
-    for (const auto & [method, type, box, text] : cases) {
+    for (const auto & [method, quirk] : cases_of<2>("validation_passes.cases")) {
         Checked c(folder, method);
-        c.record().obs_data_types[0] = type;
-        c.setup.form[box].text = text;
-        EXPECT_EQ(c.check(), Texts{}) << box;
+        c.make(quirk);
+        EXPECT_EQ(c.check(), Texts{}) << quirk;
     }
-    Checked zeros(folder, 2); // the unread box counts in the one test of all four
-    for (const char * box : { "Text_alpha_e", "Text_alpha_n", "Text_alpha_v" }) zeros.type(box, "0");
-    EXPECT_EQ(zeros.check(), Texts{});
-    zeros.type("Text_alpha_s", "0");
+    Checked zeros(folder, "2");
+    zeros.act("Text_alpha_e = 0; Text_alpha_n = 0; Text_alpha_v = 0; Text_alpha_s = 0");
     EXPECT_EQ(zeros.check(), Texts{ "The alpha values cannot all be zero" });
 }
 
 TEST(check_inversion_definitions, given_a_record_of_different_numbers_then_each_box_goes_back_to_its_own_field)
 {
     const TemporaryFolder folder;
-    for (const std::int32_t method : { 1, 3, 4 }) {
+    const std::string common = "Obs data base value: 9; Obs data scale value: 9; Error percent and floor: 9 9;"
+                               "Number of Obs data per cell: 9 3; Sensor height definitions: -1 9 -12;";
+    const std::pair<const char *, std::string> cases[] = {
+        { "1", common + "Grav3D V2: 9 9 9" },
+        { "3", common + "Alpha values: 9 9 9 9; Mag field: 9 9 9; Misfit tolerance: 9" },
+        { "4", common + "Alpha values: 9 9 9 9; Trade-off parameter: 9; Wavelet definitions: 1 3 9 9" },
+    };
+    for (const auto & [method, forgotten] : cases) {
         Checked c(folder, method);
-        Record & r = c.record();
-        r.obs_base_value = 5, r.obs_scale_value = 6, r.error_percent = 7, r.error_floor = 0.7F;
-        r.data_values_per_cell = 8, r.data_integration_time = 9, r.elevation_offset = { -10, -11, -12 };
-        r.line_azimuth = 13, r.background_value = 14, r.mag_inclination = 15, r.mag_declination = 16, r.mag_intensity = 17;
-        r.trade_off = 18, r.misfit_tolerance = 19, r.grav_chi_factor = 20, r.max_iterations = 21;
-        r.alpha_e = 22, r.alpha_n = 23, r.alpha_v = 24, r.weighting_znot = 25, r.wavelet_itol = 2;
-        c.load(r);
-        const Record loaded = r;
+        InversionDefinition & r = c.record();
+        take_lines("Obs data base value: 5; Obs data scale value: 6; Error percent and floor: 7 0.7;"
+                   "Number of Obs data per cell: 8 9; Sensor height definitions: -1 -10 -12; Topo offset: -11;"
+                   "Line azimuth: 13; Background removal: 0 14 0; Mag field: 15 16 17; Trade-off parameter: 18;"
+                   "Misfit tolerance: 19; Grav3D V2: 30 20 50; Maximum iterations: 21; Alpha values: 0.0001 22 23 24;"
+                   "Depth weighting: 1 0 3 25; Wavelet definitions: 1 3 2 0.001",
+                   r);
+        c.load(InversionDefinition(r));
+        const std::string loaded = definition_text(r);
+        take_lines(forgotten, r); // what the boxes alone still know
         EXPECT_EQ(c.check(), Texts{});
         EXPECT_EQ((std::array{ r.data_max_column[0], r.data_max_column[1] }), (std::array{ 4, 3 }));
-        r.data_max_column = loaded.data_max_column;
-        r.data_type_names = loaded.data_type_names;
-        r.matrix_files = loaded.matrix_files;
-        EXPECT_EQ(r, loaded) << method;
+        EXPECT_EQ(definition_text(r), loaded) << method;
     }
 }
 
@@ -192,7 +110,7 @@ TEST(check_inversion_definitions, given_boxes_then_what_follows_from_them_is_der
     c.setup.form["Text_initial_file"].text = " 0.01 ";
     c.setup.form["Text_UBC_locations_nstep"].text = "0";
     EXPECT_EQ(c.check(), Texts{});
-    const Record & r = c.record();
+    const InversionDefinition & r = c.record();
     EXPECT_EQ((Texts{ r.initial_model, r.reference_model }), (Texts{ "0.01", "null" }));
     EXPECT_EQ(
         (std::array{ r.data_first_line[0], r.data_read_step[0], r.data_max_column[0], r.max_iterations, r.obs_data_type_count }),
@@ -212,8 +130,7 @@ TEST(check_inversion_definitions, given_a_file_that_is_not_there_then_the_user_i
     EXPECT_EQ(c.check(), Texts{});
     EXPECT_EQ(c.dialogs.questions, Texts{ "Locate the missing file: Observed Data file" });
     EXPECT_EQ((Texts{ c.record().data_file[0], c.text("Text_data_locations") }), (Texts{ there, there }));
-    EXPECT_EQ(c.record().topo_type, 1);
-    EXPECT_TRUE(c.setup.form("Check_topo_type", 1).on);
+    c.expect("Topo type: 1; Check_topo_type 1 = on");
 }
 
 TEST(check_inversion_definitions, given_grids_then_each_slot_takes_its_own)
@@ -260,8 +177,7 @@ TEST(check_inversion_definitions, given_model_files_then_they_are_found_where_th
     };
     for (const auto & [run, given, pick, expected] : cases) {
         Checked c(folder);
-        c.type("Dir1", folder.path());
-        c.type("Text_directory_name", run);
+        c.act("Dir1 = " + folder.path() + "; Text_directory_name = " + run);
         c.record().weighting_model = given;
         if (!pick.empty()) c.dialogs.picks = { pick };
         EXPECT_EQ(c.check(), Texts{});
@@ -274,29 +190,18 @@ TEST(check_inversion_definitions, given_bounds_and_reference_then_what_is_in_use
 {
     const TemporaryFolder folder;
     const std::string rock = folder.write("r.lkp", "");
-    struct Case {
-        std::int32_t method;
-        const char *reference, *lower, *upper;
-        std::array<std::string, 2> bounds;
-        std::array<bool, 4> in_use; // rock table, reference, bounds, model file
-    };
-    const Case cases[] = {
-        { 4, "", "0.5", "9", { "0.5", "old" }, { true, false, true, true } },
-        { 5, "", "0 1", "9", { "0 1", "9" }, { true, false, true, true } }, // the first token decides
-        { 6, "1", "Null", "", { "old", "old" }, { true, true, false, true } },
-        { 6, "", "", "", { "old", "old" }, {} }, // nothing for the table to convert
-        { 0, "1", "0.5", "", { "old", "old" }, { false, true, false, true } },
-    };
-    for (const auto & [method, reference, lower, upper, bounds, in_use] : cases) {
+    for (const auto & [method, boxes, seen, in_use] : cases_of<4>("validation_in_use.cases")) {
+        SCOPED_TRACE(method + " " + boxes);
         Checked c(folder, method);
         c.record().model_bounds = { "old", "old" };
-        c.type("Text_reference_file", reference);
-        c.type("Text_depth_weighting_file", lower, 0);
-        c.type("Text_depth_weighting_file", upper, 1);
-        c.type("Text_rock_propery_file", rock);
+        c.act("Text_reference_file =; " + boxes + "; Text_rock_propery_file = " + rock);
         EXPECT_EQ(c.check(), Texts{});
-        EXPECT_EQ(c.record().model_bounds, bounds);
-        const auto & [rock_properties, used_reference, used_bounds, model_file] = c.setup.in_use;
-        EXPECT_EQ((std::array{ rock_properties, used_reference, used_bounds, model_file }), in_use);
+        c.expect(seen);
+        std::string used;
+        if (c.setup.in_use.rock_properties) used += "rock ";
+        if (c.setup.in_use.reference) used += "reference ";
+        if (c.setup.in_use.bounds) used += "bounds ";
+        if (c.setup.in_use.model_file) used += "model ";
+        EXPECT_EQ(trim(used), in_use);
     }
 }
