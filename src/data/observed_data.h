@@ -64,3 +64,9 @@ struct AllPoints {
     };
     List<Point> points;
 };
+
+/// How many readings had to be lifted to the least height above the ground, and by how much in all, in metres.
+struct Shifts {
+    std::int32_t count = 0;
+    double sum = 0;
+};

@@ -1,6 +1,7 @@
 #include "data/observed_processing.h"
 
 #include "data/cell_axis.h"
+#include "data/observed_grids.h"
 #include "support/missing.h"
 #include "support/numbers.h"
 #include "support/pattern.h"
@@ -38,12 +39,6 @@ void prefetch([[maybe_unused]] const void * address)
     __builtin_prefetch(address);
 #endif
 }
-
-/// How many readings had to be lifted to the least height above the ground, and by how much in all.
-struct Shifts {
-    std::int32_t count = 0;
-    double sum = 0;
-};
 
 /// Takes the points apart one by one, by the rules of one definition and mesh.
 class PointSelection {
@@ -340,8 +335,12 @@ Status process_inversion_data(const InversionDefinition & definition, const UbcM
                               ObservedReadings & readings, Host & host)
 {
     if (definition.data_file_type != 0) {
-        host.dialogs.message("Gridded data are not available yet: " + definition.data_file[2]);
-        return Status::bad;
+        readings = {};
+        size_lists(definition, mesh, readings.selected);
+        Shifts shifts;
+        if (select_grid_readings(definition, mesh, topo, readings.selected, shifts, host) != Status::good) return Status::bad;
+        report_selection(shifts, readings.selected, host);
+        return Status::good;
     }
     ObservedData points;
     LocationStatistics statistics;

@@ -180,7 +180,7 @@ TEST(location_source, given_topography_then_places_alone)
     EXPECT_EQ(source.file_type, 2);
 }
 
-TEST(process_inversion_data, given_shifts_few_readings_or_grids_then_words)
+TEST(process_inversion_data, given_shifts_or_few_readings_then_words)
 {
     Processor p;
     InversionDefinition definition = small_definition();
@@ -188,12 +188,6 @@ TEST(process_inversion_data, given_shifts_few_readings_or_grids_then_words)
     EXPECT_EQ(p.process(definition, "5 5 90 1\n15 5 109.5 1\n25 5 300 1\n", small_mesh()), Status::good);
     EXPECT_EQ(p.recorded.progress.lines, std::vector<std::string>{ "Number of data points shifted: 2 average shift: 10.3" });
     EXPECT_EQ(p.recorded.dialogs.messages, std::vector<std::string>{ "Warning: The number of inversion data defined is only 3" });
-
-    p.recorded.dialogs.messages.clear();
-    definition.data_file_type = 1;
-    definition.data_file[2] = "C:\\my grid.grd";
-    EXPECT_EQ(p.process(definition, "", small_mesh()), Status::bad);
-    EXPECT_EQ(p.recorded.dialogs.messages, std::vector<std::string>{ "Gridded data are not available yet: C:\\my grid.grd" });
 }
 
 TEST(cell_axis, given_any_position_then_the_cell_of_the_search)
