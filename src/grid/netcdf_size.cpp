@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <utility>
 
 namespace {
@@ -59,7 +60,7 @@ public:
         attributes();
         std::uint64_t size = 0;
         each([&] { size = std::max(size, end_of_variable()); });
-        return reader_.is_short() ? 0 : size;
+        return reader_.is_short() ? std::numeric_limits<std::uint64_t>::max() : size;
     }
 
 private:
