@@ -43,7 +43,7 @@ std::string last_gdal_error()
 
 std::string gdal_path(const std::string & path)
 {
-    const std::string host = host_path(path).string();
+    std::string host = host_path(path).string();
     const FileBytes file(path);
     const std::string_view text = file.text();
     if (!text.starts_with(byte_order_mark)) return host;

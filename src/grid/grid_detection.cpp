@@ -37,7 +37,7 @@ void take_header(const GridHeader & found, GridHeader & header)
 /// An SRTM tile holds nothing but squares of 16-bit values; its position is in its name alone.
 bool is_unplaced_hgt(const std::string & path)
 {
-    constexpr std::size_t sizes[] = { 2 * 1201 * 1201, 2 * 1801 * 3601, 2 * 3601 * 3601 };
+    constexpr std::size_t sizes[] = { 2UL * 1201 * 1201, 2UL * 1801 * 3601, 2UL * 3601 * 3601 };
     return same_text(file_extension_of_path(path), "HGT") &&
            std::ranges::find(sizes, FileBytes(path).text().size()) != std::end(sizes);
 }

@@ -29,8 +29,11 @@ std::string lower_case(std::string text)
 /// The file beside the picture with another ending, in either case of its letters; empty when there is none.
 std::string side_file(const std::string & stem, const std::string & extension)
 {
-    for (const std::string & ending : { lower_case(extension), upper_case(extension) })
-        if (std::string path = stem + "." + ending; !find_file(path).empty()) return path;
+    for (const std::string & ending : { lower_case(extension), upper_case(extension) }) {
+        std::string path = stem;
+        path.append(".").append(ending);
+        if (!find_file(path).empty()) return path;
+    }
     return "";
 }
 

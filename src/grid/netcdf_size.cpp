@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <limits>
 #include <utility>
 
 namespace {
@@ -59,7 +60,7 @@ public:
         attributes();
         std::uint64_t size = 0;
         each([&] { size = std::max(size, end_of_variable()); });
-        return reader_.is_short() ? 0 : size;
+        return reader_.is_short() ? std::numeric_limits<std::uint64_t>::max() : size;
     }
 
 private:
@@ -108,7 +109,7 @@ std::uint64_t promised_hdf5_size(std::string_view bytes)
 {
     const int version = bytes.size() > 13 ? bytes[8] : -1;
     if (version < 0 || version > 3) return 0;
-    const auto address_size = static_cast<std::size_t>(bytes[version < 2 ? 13 : 9]);
+    const auto address_size = std::size_t{ static_cast<unsigned char>(bytes[version < 2 ? 13 : 9]) };
     if (address_size > 8) return 0;
     constexpr std::size_t first_address[] = { 24, 28, 12, 12 }; // then another, then that of the file's end
     HeaderReader reader(bytes, first_address[version]);
