@@ -109,8 +109,9 @@ private:
 /// Works at blocks 0 to count - 1 in several threads, `work(block, result)`, and takes the results in their order in the calling
 /// one, `take(block, result)`. With one thread, or one block, the calling thread does it all.
 ///
-/// `work` must be free of side effects: blocks behind one that fails may have been worked at. It finds in `result` what another
-/// block left there, so that lists keep their memory. Fails as the first block fails whose `work` or `take` does.
+/// `work` must touch nothing but what belongs to its block, and blocks behind one that fails may have been worked at. It finds in
+/// `result` what another block left there, so that lists keep their memory. Fails as the first block fails whose `work` or `take`
+/// does.
 template <class Result, class Work, class Take>
 void work_in_order(std::size_t count, unsigned threads, const Work & work, const Take & take)
 {
