@@ -28,6 +28,8 @@ GeosoftBlocks::GeosoftBlocks(std::string_view file, const GeosoftBody & body) : 
     vectors_per_block_ = number_at<std::int32_t>(file, vectors_offset);
     if (count <= 0 || vectors_per_block_ <= 0 || std::int64_t{ count } * vectors_per_block_ < body.vectors)
         throw Fault("its table of blocks does not hold all its rows");
+    if (body.vector_bytes() / greatest_ratio * static_cast<std::size_t>(body.vectors) > file.size())
+        throw Fault("it is cut short: it holds fewer values than its header says");
     const auto blocks = static_cast<std::size_t>(count);
     if ((file.size() - table_offset) / 12 < blocks) throw Fault("it is cut short: its table of blocks is incomplete");
     for (std::size_t i = 0; i < blocks; ++i) {

@@ -10,8 +10,9 @@
 
 namespace {
 
-/// Tiles, so that strips of rows and strips of columns are written equally well; a copy may pass 4 GB.
-constexpr const char * creation_options[] = { "TILED=YES", "BIGTIFF=IF_SAFER", nullptr };
+/// Tiles, so that strips of rows and strips of columns are written equally well; a copy may pass 4 GB. What is never written, as
+/// after a fault, is not filled in on closing.
+constexpr const char * creation_options[] = { "TILED=YES", "BIGTIFF=IF_SAFER", "SPARSE_OK=TRUE", nullptr };
 
 }
 

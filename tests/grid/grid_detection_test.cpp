@@ -136,6 +136,7 @@ TEST(detect_grid_file, given_a_grid_that_cannot_be_used_then_the_reason_names_wh
           "it is rotated, and only grids along the axes can be read" },
         { "colour.grd", geosoft_header(4, 3) + geosoft_values, failed,
           "its values are of a type that cannot be read (colours?)" },
+        { "wide.grd", geosoft_packed().replace(8, 4, little_endian(1 << 24)), failed, cut_short },
         { "block.grd", geosoft_packed().substr(0, geosoft_packed().size() - 1), failed,
           "it is cut short: a block of values lies outside the file" },
     };
