@@ -4,11 +4,12 @@
 
 namespace {
 
+using Texts = std::vector<std::string>;
 const std::string creating = "An error occurred while creating the inversion: ";
 const std::string generating = "An error occurred while generating the inversion files: ";
 
 /// One line on standard error per text; a text that ends in "*" stands for all that begin so.
-void expect_messages(const std::string & errors, const std::vector<std::string> & texts)
+void expect_messages(const std::string & errors, const Texts & texts)
 {
     std::istringstream lines(errors);
     std::string line;
@@ -20,43 +21,6 @@ void expect_messages(const std::string & errors, const std::vector<std::string> 
     }
     EXPECT_FALSE(std::getline(lines, line)) << errors;
 }
-
-/// "Label: value|Label: value" as changes of a definition.
-std::map<std::string, std::string> changes_of(const std::string & text)
-{
-    std::map<std::string, std::string> changes;
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line, '|');)
-        changes[line.substr(0, line.find(": "))] = line.substr(line.find(": ") + 2);
-    return changes;
-}
-
-struct FaultyData {
-    const char * changes;        ///< of the definition
-    std::string file, content;   ///< a file that is replaced, if any
-    std::string message, second; ///< the second one, if any, is the general handler's
-};
-const std::string on_a_line = "1000 2000 1\r\n1100 2100 2\r\n1200 2200 3\r\n1300 2300 4\r\n1400 2400 5\r\n1350 2350 5\r\n";
-const std::string few_points = "1000 2000 1\r\n1100 2050 2\r\n1200 2300 3\r\n1300 2100 4\r\n";
-const std::string no_data = "Warning: The number of inversion data defined is only 0";
-const FaultyData faulty_data[] = {
-    { "Obs data file: none.csv", "", "", "The specified observed data file does not exist", creating },
-    { "Topo data file: none.xyz", "", "", "The topo file does not exist", creating },
-    { "Obs data definitions: 2 0 1 0 1 2 3 600 0 0 0", "", "", "An error occurred while reading the location file : *",
-      generating },
-    { "Obs data definitions: 2 0 1 0 1 2 3 40 0 0 0", "", "", no_data, generating + "none of the *" },
-    { "", "data.csv", "h\r\n1,2,3,4\r\n5,6,7,8\r\n", no_data, generating + "none of the 2 readings*" }, // far from the mesh
-    { "", "data.csv", "", no_data, generating + "none of the 0 readings*" },
-    { "", "ground.xyz", "", generating + "no points were found in the topography file ground.xyz*", "" },
-    { "", "ground.xyz", few_points, "The topo data file did not contain enough data points to be meaningful", generating },
-    { "", "ground.xyz", on_a_line, "All Points in the topography file are colinear", generating },
-    { "Smoothness weighting: 1 4,x", "", "", "The weighting definitions are not valid for weight 2", generating },
-    { "Data file type: 1|Obs data grid: data.grd", "data.grd", "DSAA\r\n200 200\r\n0 1\r\n0 1\r\n1 4\r\n1 2\r\n3 4\r\n",
-      "The grid file format could not be dertermined for the file: data.grd: it is cut short: *", creating },
-    { "Obs data file: data.gdb", "data.gdb", "x", "Databases are not available here: *", creating },
-    { "Refinement Mode: 1", "", "", "The definition is of a refined (tiled) inversion, which is not available yet: *", "" },
-    { "X Range: 0 1e8 1 100000000|Y Range: 0 1e8 1 100000000", "", "", creating + "Overflow*", "" },
-};
 
 }
 
@@ -87,21 +51,19 @@ TEST(bad_input, given_a_file_that_is_no_definition_then_it_is_refused)
 
 TEST(bad_input, given_data_that_cannot_be_used_then_a_message_says_why_and_the_status_is_1)
 {
-    for (const FaultyData & row : faulty_data) {
-        SCOPED_TRACE(row.changes + row.file);
-        const TinySurvey survey(changes_of(row.changes));
-        if (!row.file.empty()) survey.folder.write(row.file, row.content);
+    for (const auto & [changes, file, content, message, second] : cases_of<5>("bad_input.cases")) {
+        SCOPED_TRACE(changes + file);
+        const TinySurvey survey(changes);
+        if (!file.empty()) survey.folder.write(file, content);
         const BatchRun run = create(survey);
         EXPECT_EQ(run.status, 1);
-        std::vector<std::string> messages = { row.message };
-        if (!row.second.empty()) messages.push_back(row.second);
-        expect_messages(run.errors, messages);
+        expect_messages(run.errors, second.empty() ? Texts{ message } : Texts{ message, second });
     }
 }
 
 TEST(bad_input, given_a_failed_check_then_no_folder_is_made)
 {
-    const TinySurvey survey(changes_of("Mag field: 1 2 0"));
+    const TinySurvey survey("Mag field: 1 2 0");
     const BatchRun run = create(survey);
     EXPECT_EQ(run.status, 1);
     expect_messages(run.errors, { "The mag intensity must be positive", creating });

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fakes/tiny_survey.h"
+#include "batch/tiny_survey.h"
 
 #include <cstdlib>
 #include <set>

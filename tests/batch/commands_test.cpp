@@ -13,25 +13,6 @@ std::vector<std::string> arguments_of(const std::string & line, const TemporaryF
     return arguments;
 }
 
-struct CommandCase {
-    const char *line, *input;
-    int status;
-    const char *output, *errors;
-};
-const CommandCase command_cases[] = {
-    { "check @tiny.inp", "", 0, "valid\n", "" },
-    { "transform --crd @shift.crd", "1 2 3\n\n-1.5,0.25\n", 0, "1001 2002 16\n998.5 2000.25\n", "" },
-    { "transform --crd @shift.crd --inverse", "1001 2002 16\n", 0, "1 2 3\n", "" },
-    { "transform --definition @tiny.inp", "1E3 .5\n", 0, "1000 0.5\n", "" },
-    { "transform --crd @shift.crd", "1 2\n1 b\n", 1, "1001 2002\n",
-      "message: line 2 of the input is not a point of two or three numbers: 1 b\n" },
-    { "transform --crd @same.crd", "1 2\n", 1, "", "message: The start and end grid coordinates cannot be identical\n" },
-    { "mesh @tiny.inp", "", 1, "", "message: mesh is not available yet\n" },
-    { "create @tiny.inp --output @out --base-mesh m", "", 1, "", "message: Base meshes and tiles are not available yet\n" },
-    { "save @tiny.inp --output @tiny.inp", "", 1, "", "question: That file already, exists, overwrite? -> No\n" },
-    { "save @tiny.inp --output @tiny.inp --yes", "", 0, "", "question: That file already, exists, overwrite? -> Yes\n" },
-};
-
 }
 
 TEST(commands, given_a_command_line_then_streams_and_status_are_apart)
@@ -40,12 +21,12 @@ TEST(commands, given_a_command_line_then_streams_and_status_are_apart)
     const std::string header = "     Station        Depth      East       North\r\n";
     survey.folder.write("shift.crd", header + " 0 0 1000 2000\r\n 100 0 1100 2000\r\n 5 2\r\n");
     survey.folder.write("same.crd", header + " 7 8 1000 2000\r\n 7 8 1100 2000\r\n 0 1\r\n");
-    for (const CommandCase & row : command_cases) {
-        SCOPED_TRACE(row.line);
-        const BatchRun run = run_batch(arguments_of(row.line, survey.folder), row.input);
-        EXPECT_EQ(run.status, row.status);
-        EXPECT_EQ(run.output, row.output);
-        EXPECT_EQ(run.errors, row.errors);
+    for (const auto & [line, input, status, output, errors] : cases_of<5>("commands.cases")) {
+        SCOPED_TRACE(line);
+        const BatchRun run = run_batch(arguments_of(line, survey.folder), input);
+        EXPECT_EQ(run.status, number_in(status));
+        EXPECT_EQ(run.output, output);
+        EXPECT_EQ(run.errors, errors);
     }
 }
 
@@ -64,8 +45,7 @@ TEST(commands, given_a_command_line_that_cannot_be_understood_then_status_2_and_
 
 TEST(save, given_a_definition_then_it_saves_what_reads_back)
 {
-    const TinySurvey survey(
-        { { "Z Range", "0 300 50 6 1.5 3" }, { "Smoothness weighting", "1 9,3" }, { "Positivity flag", "2" } });
+    const TinySurvey survey("Z Range: 0 300 50 6 1.5 3; Smoothness weighting: 1 9,3; Positivity flag: 2");
     EXPECT_EQ(run_batch(arguments_of("save @tiny.inp --output @saved", survey.folder)).status, 0);
     const std::string first = survey.folder.read("saved.inp");
     EXPECT_NE(first.find("Z Range: 0.000000 300.0000000 50.0000000 6.0000000 1.5000000 3.0000000\r\n"), std::string::npos);
@@ -77,9 +57,8 @@ TEST(save, given_a_definition_then_it_saves_what_reads_back)
 TEST(save, given_a_part_to_take_over_then_only_that_part_changes)
 {
     const TinySurvey survey;
-    survey.folder.write(
-        "other.inp",
-        TinySurvey::definition({ { "X Range", "500 900 200 2" }, { "Trade-off parameter", "7" }, { "Topo offset", "3" } }));
+    const char * changes = "X Range: 500 900 200 2; Trade-off parameter: 7; Topo offset: 3";
+    survey.folder.write("other.inp", TinySurvey::definition(changes));
     for (const std::string part : { "mesh", "parameters", "topo", "data" }) {
         SCOPED_TRACE(part);
         const std::string line = "save @other.inp --into @tiny.inp --output @out.inp --yes --select " + part;

@@ -1,5 +1,4 @@
 #include "batch/batch_run.h"
-#include "fakes/tiny_survey.h"
 
 #include <gtest/gtest.h>
 #include <sstream>
@@ -12,39 +11,21 @@ FileNames names_in(const std::string & text)
     return { std::istream_iterator<std::string>(words), {} };
 }
 
-/// Files beside the two definitions: of each mode, of a whole run alone, and the results.
-struct MethodCase {
-    std::string method, always, whole, model, data;
-};
-const std::string magnetic = "maginv3d.inp run_maginv3d.bat run_magerror.bat ";
-const std::string gravity = "gzinv3d.inp run_gzinv3d.bat run_magerror.bat ";
-const MethodCase method_cases[] = {
-    { "0", magnetic, "magsen3d.inp run_inversion.bat run_magsen3d.bat ", "model.sus ", "mag.obs " },
-    { "3", magnetic, "magsen3d.inp run_inversion.bat run_magsen3d.bat ", "model.sus ", "mag.obs " },
-    { "6", magnetic, "mag_weights.inp magsen3d.inp run_inversion.bat run_magsen3d.bat ", "model.sus ", "mag.obs " },
-    { "1", gravity, "run_inversion.bat run_gzsen3d.bat ", "model.den ", "grav.obs " },
-    { "2", gravity, "gzsen3d.inp run_inversion.bat run_gzsen3d.bat ", "model.den ", "grav.obs " },
-    { "5", gravity, "gz_weights.inp gzsen3d.inp run_inversion.bat run_gzsen3d.bat ", "model.den ", "grav.obs " },
-    { "4", "qvinv3d.inp run_qvinv3d.bat run_magerror.bat ",
-      "qvsen3d.inp run_inversion.bat run_qvsen3d.bat run_qvsen3d_cluster.bat run_cluster_inversion.bat ", "model.sus ",
-      "mag.obs " },
-};
-
 }
 
 TEST(create, given_each_method_and_mode_then_just_the_files_of_it_are_written)
 {
-    for (const MethodCase & row : method_cases) {
-        const std::string reduced = "inversion.inp out.inp " + row.always;
+    for (const auto & [method, always, whole, model, data] : cases_of<5>("create.cases")) {
+        const std::string reduced = "inversion.inp out.inp " + always + " ";
         const std::pair<const char *, std::string> modes[] = {
-            { "all", reduced + row.whole + "mesh topo.dat " + row.model + row.data },
-            { "parameters", reduced + row.whole },
+            { "all", reduced + whole + " mesh topo.dat " + model + " " + data },
+            { "parameters", reduced + whole },
             { "variation", reduced },
-            { "variation-data", reduced + row.data },
+            { "variation-data", reduced + data },
         };
         for (const auto & [mode, files] : modes) {
-            SCOPED_TRACE(row.method + " " + mode);
-            const TinySurvey survey({ { "Inversion method", row.method } });
+            SCOPED_TRACE(method + " " + mode);
+            const TinySurvey survey("Inversion method: " + method);
             const BatchRun run = create(survey, { "--mode", mode });
             EXPECT_EQ(run.status, 0);
             EXPECT_EQ(run.errors, "message: Output complete\n");
@@ -57,20 +38,7 @@ TEST(create, given_the_own_solver_then_every_phase_reports_its_line)
 {
     const TinySurvey survey;
     const BatchRun run = create(survey);
-    EXPECT_EQ(run.output, "Checking inversion definitions\n"
-                          "Creating inversion directory\n"
-                          "Saving the inversion definitions\n"
-                          "Creating inversion parameter files\n"
-                          "Creating inversion batch file\n"
-                          "Gridding topo data \n"
-                          "Creating inversion mesh files\n"
-                          "Writing inversion model file\n"
-                          "Reading inversion data file\n"
-                          "Number of data read from file: 16\n"
-                          "Ensuring reading elevations are consistent with topo\n"
-                          "Writing observed data for use in the inversion\n"
-                          "Writing topo data for use in the inversion\n"
-                          "Inversion processing complete\n");
+    EXPECT_EQ(run.output, bytes_of(TEST_DATA_FOLDER "/tiny/output.txt"));
     EXPECT_EQ(survey.folder.read("out\\inversion.inp"), survey.folder.read("out\\out.inp"));
 }
 
@@ -82,8 +50,8 @@ TEST(create, given_paths_with_blanks_and_umlauts_then_it_works_and_a_second_run_
     std::filesystem::create_directories(host_path(folder.file(place)));
     const TinySurvey survey;
     for (const char * name : { "data.csv", "ground.xyz" }) folder.write(place + "\\\xC3\xA4 " + name, survey.folder.read(name));
-    folder.write(place + "\\set up.inp", TinySurvey::definition({ { "Obs data file", "\xC3\xA4 data.csv" },
-                                                                  { "Topo data file", ".\\\xC3\xA4 ground.xyz" } }));
+    const char * changes = "Obs data file: \xC3\xA4 data.csv; Topo data file: .\\\xC3\xA4 ground.xyz";
+    folder.write(place + "\\set up.inp", TinySurvey::definition(changes));
     const std::vector<std::string> arguments = { "create", host_file(folder, place + "\\set up.inp"), "--output",
                                                  host_file(folder, place + "\\new \xC3\xB6\\out") };
     ASSERT_EQ(run_batch(arguments).status, 0);
@@ -96,8 +64,7 @@ TEST(create, given_paths_with_blanks_and_umlauts_then_it_works_and_a_second_run_
 #ifndef _WIN32
 TEST(create, given_an_interrupt_while_it_runs_then_it_stops_says_so_and_keeps_the_definition)
 {
-    const TinySurvey survey(
-        { { "X Range", "0 20000 100 200" }, { "Y Range", "0 20000 100 200" }, { "Z Range", "0 5000 50 100 1 0" } });
+    const TinySurvey survey("X Range: 0 20000 100 200; Y Range: 0 20000 100 200; Z Range: 0 5000 50 100 1 0");
     // The interrupt comes with the fourth line, while more than a million cells are still to be written.
     const std::string script = "cd '" + host_file(survey.folder, "") +
                                "' && mkfifo lines && { '" BATCH_PROGRAM "' create tiny.inp --output out >lines 2>errors & } && "

@@ -5,13 +5,6 @@
 
 namespace {
 
-std::string bytes_of(const std::filesystem::path & file)
-{
-    std::ostringstream content;
-    content << std::ifstream(file, std::ios::binary).rdbuf();
-    return content.str();
-}
-
 struct WorkedCase {
     std::string name; ///< of its folder under tests/worked, and of the inversion folder
     std::string messages;

@@ -14,11 +14,7 @@ TEST(run_scripts, given_a_run_then_its_scripts)
         write_sensitivity_inputs(creation); // what sets the threads, as in a run
         write_run_scripts(creation);
         const std::string name = "run_" + script + ".bat";
-        std::string expected;
-        for (std::size_t from = 0, to; from < lines.size(); from = to == lines.npos ? to : to + 3) {
-            to = lines.find(" / ", from);
-            expected += lines.substr(from, to - from) + "\r\n";
-        }
+        const std::string expected = file_of(lines);
         if (lines == "none")
             EXPECT_FALSE(folder.has(name));
         else if (lines.ends_with(" / ..."))

@@ -2,6 +2,7 @@
 #include "data/line_scanner.h"
 #include "data/location_reader.h"
 #include "data/record_parser.h"
+#include "fakes/case_table.h"
 #include "fakes/recorded_host.h"
 #include "fakes/temporary_folder.h"
 #include "support/numbers.h"
@@ -10,6 +11,7 @@
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
+#include <sstream>
 
 namespace {
 
@@ -30,15 +32,33 @@ std::string described(const ObservedData & data)
     return text;
 }
 
-/// x, y, z and one value in columns 1 to 4, from the first line on.
-LocationSource plain_source()
+/// columns: of x, y, z, the value and, when it is read, the line; also: further settings, as location_reader.cases says.
+LocationSource source_of(const std::string & columns = "", const std::string & also = "")
 {
-    LocationSource source;
-    source.x_column = 1;
-    source.y_column = 2;
-    source.z_column = 3;
-    source.value_column = { 4, 0, 0 };
-    return source;
+    LocationSource s;
+    std::istringstream(columns.empty() ? "1 2 3 4" : columns) >> s.x_column >> s.y_column >> s.z_column >> s.value_column[0] >>
+        s.line_column;
+    std::istringstream words(also);
+    for (std::string word; words >> word;) {
+        if (word == "first") {
+            words >> s.first_data_line;
+        } else if (word == "increment") {
+            words >> s.read_increment;
+        } else if (word == "offset") {
+            words >> s.elevation_offset;
+        } else if (word == "interval") {
+            words >> s.interpolation_interval;
+        } else if (word == "depth") {
+            s.z_is_depth = 1;
+        } else if (word == "doubled") {
+            s.transform.x_scale = 2, s.transform.new_x_origin = 100;
+            s.transform.elevation_shift = 1, s.transform.elevation_scale = 2;
+            normalise_point_transform(s.transform);
+        } else {
+            throw std::runtime_error("no such setting: " + word);
+        }
+    }
+    return s;
 }
 
 struct Reader {
@@ -54,114 +74,37 @@ struct Reader {
     }
 };
 
-using Change = void (*)(LocationSource &);
-
-struct ReadCase {
-    const char * name;
-    std::string content;
-    Change change;
-    const char * points;
-};
-
-void with_line_in_1(LocationSource & s)
-{
-    s.line_column = 1;
-    s.x_column = 2;
-    s.y_column = 3;
-    s.z_column = 4;
-    s.value_column[0] = 5;
-}
-
-void doubled_and_shifted(LocationSource & s)
-{
-    s.transform.x_scale = 2;
-    s.transform.new_x_origin = 100;
-    s.transform.elevation_shift = 1;
-    s.transform.elevation_scale = 2;
-    normalise_point_transform(s.transform);
-}
-
-void unchanged(LocationSource &) {}
-
-// A row per case.
-// clang-format off
-const ReadCase read_cases[] = {
-    // line ends
-    { "line_feeds", "1 2 3 4\n5 6 7 8\n", unchanged, "1 2 3 4; 5 6 7 8" },
-    { "both_ends_without_the_last", "1 2 3 4\r\n5 6 7 8", unchanged, "1 2 3 4; 5 6 7 8" },
-    { "carriage_returns", "1 2 3 4\r5 6 7 8\r", unchanged, "1 2 3 4; 5 6 7 8" },
-    { "ends_mixed", "1 2 3 4\r5 6 7 8\n9 8 7 6\r\n", unchanged, "1 2 3 4; 5 6 7 8; 9 8 7 6" },
-    { "utf8_mark_with_both_ends", "\xEF\xBB\xBF" "1,2,3,4\r\n5,6,7,8\r\n", unchanged, "1 2 3 4; 5 6 7 8" },
-    { "empty_file", "", unchanged, "" },
-    // odd bytes go where the line reader drops them, and spoil the number where it keeps them
-    { "control_byte_dropped", "1\x01" "1 2 3 4\n", unchanged, "11 2 3 4" },
-    { "control_byte_kept", "1\x01" "1 2 3 4\r\n5 6 7 8\r\n", unchanged, "5 6 7 8" },
-    { "tab_becomes_blank", "a\tb ,1,2,3,4\n", with_line_in_1, "1 2 3 4 [a b]" },
-    { "tab_stays", "a\tb ,1,2,3,4\r\n", with_line_in_1, "1 2 3 4 [a\tb]" },
-    { "long_line_is_cut", "1 2 3 4" + std::string(10233, ' ') + "5 6 7 8\n", unchanged, "1 2 3 4; 5 6 7 8" },
-    { "long_line_is_whole", "1 2 3" + std::string(10233, ' ') + "4\r\n", unchanged, "1 2 3 4" },
-    // separators
-    { "tabs_and_marks", "1\t2;3'4\n ;1;2;3 4\n", [](auto & s) { s.x_column = 2; s.y_column = 3; s.z_column = 4; s.value_column[0] = 0; },
-      "2 3 4; 1 2 3" },
-    { "commas_with_empty_field", "1, 2 ,,4\n", unchanged, "1 2 * *" },
-    { "stray_comma_changes_its_line_only", "1 2 3 4\n1 2 3, 4\n5 6 7 8\n", unchanged, "1 2 3 4; 5 6 7 8" },
-    { "quoted_comma", "\"a, b\",1,2,3,\"4\"\n", with_line_in_1, "1 2 3 4 [a, b]" },
-    { "quoted_number_between_blanks", "\"1\" 2 3 4\n5 6 7 8\n", unchanged, "5 6 7 8" },
-    { "quoted_text_between_blanks_keeps_its_quotes", "\"a b\" 1 2 3 4\n", with_line_in_1, "1 2 3 4 [\"a b\"]" },
-    // numbers
-    { "forms", "+1.5e1 -.5 2. 1E-2\n1d2 2 3 4\n1e999 2 3 4\n", unchanged, "15 -0.5 2 0.01" },
-    { "all_digits_count", "7243072060574951.5 0.1234567890123456789 3 4\n", [](auto & s) { s.value_column[0] = 0; },
-      "7.24307206057495E+15 0.123456789012346 3" },
-    // a field that is no number ends the record
-    { "short_lines", "1 2\n1\n", unchanged, "1 2 * *" },
-    { "star_right_of_the_place", "1 2 3 *\n", unchanged, "1 2 3 *" },
-    { "star_left_of_the_place", "* 2 3 4\n", [](auto & s) { s.x_column = 2; s.y_column = 3; s.z_column = 4; s.value_column[0] = 1; },
-      "" },
-    { "star_in_z_hides_the_value", "1 2 * 4\n", unchanged, "1 2 * *" },
-    // which lines are records: blank lines count, comments do not
-    { "increment", "1 0 0 0\n\n2 0 0 0\n\\comment\n3 0 0 0\n4 0 0 0\n5 0 0 0\n", [](auto & s) { s.read_increment = 3; },
-      "2 0 0 0; 5 0 0 0" },
-    { "increment_past_the_end", "1 0 0 0\n2 0 0 0\n3 0 0 0\n", [](auto & s) { s.read_increment = 2; }, "2 0 0 0" },
-    { "blanks_are_a_record", "1 0 0 0\n  \n3 0 0 0\n4 0 0 0\n", [](auto & s) { s.read_increment = 2; }, "4 0 0 0" },
-    { "first_line_is_not_looked_at", "!\n\n\\x\n1 2 3 4\n! 5 6 7 8\n", [](auto & s) { s.first_data_line = 4; }, "1 2 3 4" },
-    // roles
-    { "depth_and_offset", "1 2 3 4\n1 2 * 4\n", [](auto & s) { s.z_is_depth = 1; s.elevation_offset = 10; }, "1 2 7 4; 1 2 * *" },
-    { "one_column_in_many_roles", "1 2\n3 4\n", [](auto & s) { s.z_column = 1; s.value_column[0] = 2; s.line_column = 2; },
-      "1 2 * 2 [2]; 3 4 * 4 [4]" },
-    { "zero_line", "0 0 0 0 1\n5 0 0 0 1\n0 0 0 1 1\n", with_line_in_1, "0 0 0 1 [5]; 0 0 1 1 [0]" },
-    { "zero_point_without_lines", "0 0 0 1\n", unchanged, "0 0 0 1" },
-    { "dropped_records_name_lines", "a 1 2 3 4\nb * 2 3 4\na 5 6 7 8\n", with_line_in_1, "1 2 3 4 [a]; 5 6 7 8 [a]" },
-    { "transform", "10 0 5 1\n10 0 * 1\n", doubled_and_shifted, "120 0 12 1; 120 0 * *" },
-    { "interpolated", "a 0 0 0 1\na 30 0 6 2\nb 60 0 0 3\n", [](auto & s) { with_line_in_1(s); s.interpolation_interval = 10; },
-      "0 0 0 1 [a]; 10 0 2 2 [a]; 20 0 4 2 [a]; 30 0 6 2 [a]; 60 0 0 3 [b]" },
-};
-// clang-format on
-
 TEST(read_locations_file, given_a_text_then_its_points)
 {
-    for (const ReadCase & c : read_cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto & [columns, also, text, points] : cases_of<4>("location_reader.cases")) {
+        SCOPED_TRACE(text);
         Reader reader;
-        LocationSource source = plain_source();
-        c.change(source);
-        EXPECT_EQ(reader.read(source, c.content), Status::good);
-        EXPECT_EQ(described(reader.data), c.points);
+        const LocationSource source = source_of(columns, also);
+        EXPECT_EQ(reader.read(source, text), Status::good);
+        EXPECT_EQ(described(reader.data), points);
         EXPECT_TRUE(reader.recorded.dialogs.messages.empty());
         const std::int32_t stored = reader.data.point_count;
-        EXPECT_EQ(reader.read(source, c.content, ReadMode::statistics), Status::good);
+        EXPECT_EQ(reader.read(source, text, ReadMode::statistics), Status::good);
         EXPECT_EQ(reader.data.point_count, stored);
         EXPECT_TRUE(reader.data.xyz[0].empty());
     }
 }
 
+TEST(read_locations_file, given_a_long_line_then_it_is_cut_where_line_feeds_stand_alone)
+{
+    Reader reader;
+    const std::string blanks(10233, ' ');
+    EXPECT_EQ(reader.read(source_of(), "1 2 3 4" + blanks + "5 6 7 8\n"), Status::good);
+    EXPECT_EQ(described(reader.data), "1 2 3 4; 5 6 7 8");
+    EXPECT_EQ(reader.read(source_of(), "1 2 3" + blanks + "4\r\n"), Status::good);
+    EXPECT_EQ(described(reader.data), "1 2 3 4");
+}
+
 TEST(read_locations_file, given_lines_and_categories_then_first_points_and_sorted_names)
 {
     Reader reader;
-    LocationSource source = plain_source();
-    with_line_in_1(source);
-    source.value_column[0] = 0;
-    source.category_column = 5;
-    source.text_column = 6;
+    LocationSource source = source_of("2 3 4 0 1");
+    source.category_column = 5, source.text_column = 6;
     ASSERT_EQ(reader.read(source, "L1,0,0,0,slate,p\nL1,1,0,0,,q\nL2,2,0,0,basalt\nL2,x,0,0,gabbro\nL1,3,0,0,slate,r\n"),
               Status::good);
     EXPECT_EQ(reader.data.line_name, (List<std::string>{ "L1", "L2", "L1" }));
@@ -175,8 +118,8 @@ TEST(read_locations_file, given_lines_and_categories_then_first_points_and_sorte
 TEST(read_locations_file, given_values_and_a_window_then_statistics)
 {
     Reader reader;
-    LocationSource source = plain_source();
-    source.value_column = { 4, 5, 0 };
+    LocationSource source = source_of();
+    source.value_column[1] = 5;
     source.value_window = { false, true };
     reader.statistics.value[1].minimum = 0;
     reader.statistics.value[1].maximum = 10;
@@ -196,32 +139,24 @@ TEST(read_locations_file, given_values_and_a_window_then_statistics)
 
 TEST(read_locations_file, given_a_fault_then_one_message_and_nothing_changed)
 {
-    const struct {
-        const char * content;
-        Change change;
-        const char * message; ///< its beginning, and all of it where the system has no say
-    } cases[] = {
-        { "1 2 3 4\n", [](LocationSource & s) { s.file_name = "C:\\no\\such file.dat"; },
-          "An error occurred while reading the location file : cannot open" },
-        { "1 2 3 4\n", [](LocationSource & s) { s.value_column[1] = 513; },
-          "An error occurred while reading the location file : column 513 " },
-        { "1 2 3 4e38\n", unchanged, "An error occurred while reading the location file : Overflow" },
-        { "",
-          [](LocationSource & s) {
-              s.file_type = 2;
-              s.file_name = "C:\\a b.gdb";
-          },
+    const std::array<std::string, 4> cases[] = {
+        // file, columns, content, the message, or its beginning where the system has a say
+        { "C:\\no\\such file.dat", "", "", "An error occurred while reading the location file : cannot open" },
+        { "", "1 2 3 513", "1 2 3 4\n", "An error occurred while reading the location file : column 513 " },
+        { "", "", "1 2 3 4e38\n", "An error occurred while reading the location file : Overflow" },
+        { "C:\\a b.gdb", "", "",
           "Geosoft databases (.gdb) cannot be read here; export the data to a point file instead: C:\\a b.gdb" },
     };
-    for (const auto & c : cases) {
-        SCOPED_TRACE(c.message);
+    for (const auto & [file, columns, content, message] : cases) {
+        SCOPED_TRACE(message);
         Reader reader;
         reader.data.point_count = 7;
-        LocationSource source = plain_source();
-        c.change(source);
-        EXPECT_EQ(reader.read(source, c.content), Status::bad);
+        LocationSource source = source_of(columns);
+        source.file_name = file;
+        source.file_type = file.ends_with(".gdb") ? 2 : 0;
+        EXPECT_EQ(reader.read(source, content), Status::bad);
         ASSERT_EQ(reader.recorded.dialogs.messages.size(), 1U);
-        EXPECT_TRUE(reader.recorded.dialogs.messages[0].starts_with(c.message)) << reader.recorded.dialogs.messages[0];
+        EXPECT_TRUE(reader.recorded.dialogs.messages[0].starts_with(message)) << reader.recorded.dialogs.messages[0];
         EXPECT_EQ(reader.data.point_count, 7);
     }
 }
@@ -229,8 +164,7 @@ TEST(read_locations_file, given_a_fault_then_one_message_and_nothing_changed)
 TEST(read_locations_file, given_the_last_column_or_a_stop_then_they_pass)
 {
     Reader reader;
-    LocationSource source = plain_source();
-    source.value_column[0] = 512;
+    const LocationSource source = source_of("1 2 3 512");
     std::string line;
     for (int i = 1; i <= 512; ++i) line += general_text(i) + " ";
     EXPECT_EQ(reader.read(source, line), Status::good);
@@ -257,7 +191,7 @@ constexpr ReadShares shares_of_all_kinds[] = { { 1, 1 }, { 1, 3 }, { 11, 2 }, { 
 /// x, y, z, value, line, category and text, from the second line on; the sums are exact, and some records do not reach the texts.
 LocationSource full_source()
 {
-    LocationSource source = plain_source();
+    LocationSource source = source_of();
     source.first_data_line = 2;
     source.value_column[2] = 1;
     source.line_column = 5;
@@ -268,8 +202,9 @@ LocationSource full_source()
 
 TEST(read_locations_file, given_any_blocks_and_threads_then_the_same)
 {
+    using Change = void (*)(LocationSource &);
     const Change changes[] = {
-        unchanged,
+        [](auto &) {},
         [](auto & s) { s.read_increment = 3; },
         [](auto & s) { s.interpolation_interval = 0.5; },
         [](auto & s) { s.line_column = s.category_column = 0; },
@@ -316,14 +251,14 @@ TEST(read_locations_file, given_a_late_fault_or_a_stop_among_blocks_then_it_ends
     for (const ReadShares & shares : shares_of_all_kinds) {
         Reader reader;
         reader.data.point_count = 7;
-        EXPECT_EQ(reader.read(plain_source(), content + "1 2 3 4e38\n" + content, ReadMode::store, shares), Status::bad);
+        EXPECT_EQ(reader.read(source_of(), content + "1 2 3 4e38\n" + content, ReadMode::store, shares), Status::bad);
         EXPECT_EQ(reader.recorded.dialogs.messages,
                   (std::vector<std::string>{
                       "An error occurred while reading the location file : Overflow: a number is beyond single precision" }));
         EXPECT_EQ(reader.data.point_count, 7);
         if (shares.block_size > 11) continue; // the progress moves block by block
         reader.recorded.progress.stop_at_percent = 50;
-        EXPECT_THROW(static_cast<void>(reader.read(plain_source(), content, ReadMode::store, shares)), Stopped);
+        EXPECT_THROW(static_cast<void>(reader.read(source_of(), content, ReadMode::store, shares)), Stopped);
     }
 }
 

@@ -1,6 +1,5 @@
 #include "data/observed_output.h"
-#include "fakes/recorded_host.h"
-#include "fakes/temporary_folder.h"
+#include "fakes/definition_values.h"
 
 #include <gtest/gtest.h>
 
@@ -126,38 +125,16 @@ TEST(write_inversion_data, given_every_reading_then_the_first_of_each_cell_go_ou
 
 TEST(write_inversion_data, given_a_method_and_a_field_then_its_header)
 {
-    const std::string plain = "60.10 0.50 55000.00\r\n60.10 0.50 1\r\n";
-    const struct {
-        std::int32_t method, type;
-        float declination;
-        bool transforms;
-        std::string header;
-    } cases[] = {
-        { 0, 1, 0.5F, false, plain },
-        { 6, 1, 0.5F, true, plain }, // less than a degree of declination is not turned
-        { 3, 1, -4.25F, true, "60.10 25.75 55000.00\r\n60.10 25.75 1\r\n" },
-        { 4, 30, -4.25F, true, "-90.00 0.00 55000.00\r\n-90.00 0.00 1\r\n" },
-        { 4, 1, 0.5F, false, plain },
-        { 4, -1, 0.5F, false, plain },
-        { 4, 100, 0.5F, false, plain },
-        { 4, 0, 0.5F, false, "" },
-        { 4, 6, 0.5F, false, "" },
-        { 2, 0, 0.5F, false, "" },
-        { 5, 0, 0.5F, false, "" },
-    };
-    for (const auto & c : cases) {
-        SCOPED_TRACE(c.method * 1000 + c.type);
+    for (const auto & [method, type, declination, transform, header] : cases_of<5>("observed_header.cases")) {
+        SCOPED_TRACE(method + " " + type);
         Output output;
         InversionDefinition definition = small_definition();
-        definition.inversion_method = c.method;
-        definition.obs_data_types[0] = c.type;
-        definition.mag_inclination = 60.1F;
-        definition.mag_declination = c.declination;
-        definition.mag_intensity = 55000;
-        definition.coordinate_transform.in_use = c.transforms;
-        definition.coordinate_transform.rotation = 30;
+        take_lines("Inversion method: " + method + "; Obs data types: " + type + "; Mag field: 60.1 " + declination + " 55000",
+                   definition);
+        take_lines(transform, definition);
+        definition.obs_data_type_count = 1;
         const std::string text = output.write(definition, small_readings());
-        EXPECT_EQ(text.substr(0, text.find(" 3 \r\n")), c.header);
+        EXPECT_EQ(text.substr(0, text.find(" 3 \r\n")), file_of(header));
     }
 }
 

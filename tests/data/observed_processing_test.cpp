@@ -1,7 +1,6 @@
 #include "data/cell_axis.h"
 #include "data/observed_processing.h"
-#include "fakes/recorded_host.h"
-#include "fakes/temporary_folder.h"
+#include "fakes/definition_values.h"
 #include "support/numbers.h"
 
 #include <gtest/gtest.h>
@@ -29,14 +28,13 @@ UbcMesh small_mesh(double first = 0)
 }
 
 /// x, y, z, value in columns 1 to 4; fixed sensor elevations over a flat top.
-InversionDefinition small_definition()
+InversionDefinition small_definition(const std::string & changes = "")
 {
     InversionDefinition definition;
-    definition.data_first_line[0] = 1;
-    definition.sensor_height_type = 1;
-    definition.topo_type = 1;
-    definition.add_padding_cells = 0;
-    definition.mesh_cell_size = { 10, 10, 10, 1 };
+    take_lines("Obs data definitions: 1 0 1 0 1 2 3 4 0 0 0; Sensor height definitions: 1 0 0; Topo type: 1;"
+               "X Range: 0 0 10 0; Y Range: 0 0 10 0; Z Range: 0 0 10 0 1 0; Add mesh padding: 0 1",
+               definition);
+    take_lines(changes, definition);
     return definition;
 }
 
@@ -66,55 +64,13 @@ std::string described(const SelectedData & selected)
     return text;
 }
 
-using Change = void (*)(InversionDefinition &);
-void unchanged(InversionDefinition &) {}
-
-struct SelectionCase {
-    const char * name;
-    const char * content;
-    Change change;
-    const char * selected;
-};
-
-// A row per case.
-// clang-format off
-const SelectionCase selection_cases[] = {
-    // the limits: the first node takes readings, the last does not; edges move a hundredth of a cell into theirs
-    { "first_node", "0 0 120 7\n", unchanged, "1: 0.1 0.1 120 7" },
-    { "last_node", "40 5 120 7\n5 40 120 7\n39.99 5 120 8\n", unchanged, "4: 39.89 5 120 8" },
-    { "inner_edge", "10 19.95 120 7\n", unchanged, "6: 10.1 19.85 120 7" },
-    // one reading per cell, the nearest to the centre; of two as near the first
-    { "nearest", "2 5 120 1\n6 5 120 2\n4 5 120 3\n9 5 120 4\n15 15 120 5\n", unchanged, "1: 6 5 120 2; 6: 15 15 120 5" },
-    // dummies and nulls
-    { "dummy_z", "5 5 -99999.5 1\n5 5 -9999.05 1\n15 5 -999.05 1\n25 5 -9999.2 1\n5 5 -999.005 1\n", unchanged,
-      "2: 15 5 -999.05 1; 3: 25 5 -9999.2 1" },
-    { "dummy_values", "5 5 120 -99998.5\n15 5 120 -999\n25 5 120 *\n35 5 120 -998\n", unchanged, "4: 35 5 120 -998" },
-    { "nulls_stay_with_an_integration_time", "5 5 120 -99998.5\n15 5 120 *\n", [](auto & d) { d.data_integration_time = 1; },
-      "1: 5 5 120 *; 2: 15 5 120 *" },
-    { "null_in_the_second_value", "5 5 120 1 -999\n15 5 120 2 3\n", [](auto & d) { d.obs_data_type_count = 2; d.data_value_column[1] = 5; },
-      "2: 15 5 120 2" },
-    { "base_and_scale", "5 5 120 110\n", [](auto & d) { d.obs_base_value = 100; d.obs_scale_value = -2; }, "1: 5 5 120 -20" },
-    // elevations: an offset counts twice on a z from the file
-    { "fixed_with_offset", "5 5 120 1\n", [](auto & d) { d.sensor_offset() = 3; }, "1: 5 5 126 1" },
-    { "above_ground_with_offset", "5 5 20 1\n", [](auto & d) { d.sensor_offset() = 3; d.sensor_height_type = 0; },
-      "1: 5 5 126 1" },
-    { "no_z_fixed", "5 5 20 1\n", [](auto & d) { d.sensor_offset() = 130; d.data_z_column[0] = 0; }, "1: 5 5 130 1" },
-    { "no_z_above_ground", "5 5 20 1\n", [](auto & d) { d.sensor_offset() = 30; d.data_z_column[0] = 0; d.sensor_height_type = 0; },
-      "1: 5 5 130 1" },
-    { "not_chosen_adds_no_ground", "5 5 120 1\n", [](auto & d) { d.sensor_height_type = -1; }, "1: 5 5 120 1" },
-    { "lifted", "5 5 90 1\n15 5 110 1\n", [](auto & d) { d.sensor_min_height() = 10; }, "1: 5 5 110 1; 2: 15 5 110 1" },
-};
-// clang-format on
-
 TEST(process_inversion_data, given_points_then_one_reading_per_cell)
 {
-    for (const SelectionCase & c : selection_cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto & [lines, text, selected] : cases_of<3>("observed_processing.cases")) {
+        SCOPED_TRACE(lines + " | " + text);
         Processor p;
-        InversionDefinition definition = small_definition();
-        c.change(definition);
-        EXPECT_EQ(p.process(definition, c.content, small_mesh()), Status::good);
-        EXPECT_EQ(described(p.readings.selected), c.selected);
+        EXPECT_EQ(p.process(small_definition(lines), text, small_mesh()), Status::good);
+        EXPECT_EQ(described(p.readings.selected), selected);
         EXPECT_EQ(p.readings.all.point_count, 0);
     }
 }
@@ -132,20 +88,17 @@ TEST(process_inversion_data, given_padding_then_four_cells_at_each_end_stay_clea
     UbcMesh mesh = small_mesh();
     mesh.total_cells = { 10, 10, 1 };
     mesh.nodes_x = mesh.nodes_y = even_nodes(0, 10, 11);
-    InversionDefinition definition = small_definition();
-    definition.add_padding_cells = 1;
-    EXPECT_EQ(p.process(definition, "39.9 45 120 1\n40.5 45 120 2\n59.5 45 120 3\n60 45 120 4\n", mesh), Status::good);
+    EXPECT_EQ(
+        p.process(small_definition("Add mesh padding: 1 1"), "39.9 45 120 1\n40.5 45 120 2\n59.5 45 120 3\n60 45 120 4\n", mesh),
+        Status::good);
     EXPECT_EQ(described(p.readings.selected), "45: 40.5 45 120 2; 46: 59.5 45 120 3");
 }
 
 TEST(process_inversion_data, given_more_readings_per_cell_then_all_are_kept_with_their_distances)
 {
     Processor p;
-    InversionDefinition definition = small_definition();
-    definition.data_values_per_cell = 2;
-    definition.obs_data_type_count = 3;
-    definition.data_value_column = { 4, 5, 6 };
-    definition.data_line_column = 7;
+    const InversionDefinition definition = small_definition(
+        "Number of Obs data per cell: 2 0; Obs data types: 20 21 22; Obs data definitions: 1 0 1 7 1 2 3 4 5 0 6");
     EXPECT_EQ(p.process(definition, "5 9 120 1 2 3 a\n5 5 121 4 5 6 b\n-1 5 0 1 2 3 c\n", small_mesh()), Status::good);
     EXPECT_EQ(p.readings.read_count, 3);
     ASSERT_EQ(p.readings.all.point_count, 2);
@@ -189,11 +142,9 @@ TEST(select_point_readings, given_many_points_then_the_nearest_stays_the_first_o
 TEST(process_inversion_data, given_the_third_column_then_the_extra_value_comes_before_the_component)
 {
     Processor p;
-    InversionDefinition definition = small_definition();
-    definition.data_value_column = { 4, 0, 5 };
-    EXPECT_EQ(location_source(definition, 0).value_column[2], 5);
-    definition.data_extra_value_column = 6;
-    EXPECT_EQ(p.process(definition, "5 5 120 1 2 3\n", small_mesh()), Status::good);
+    EXPECT_EQ(location_source(small_definition("Obs data definitions: 1 0 1 0 1 2 3 4 0 0 5"), 0).value_column[2], 5);
+    EXPECT_EQ(p.process(small_definition("Obs data definitions: 1 0 1 0 1 2 3 4 0 6 5"), "5 5 120 1 2 3\n", small_mesh()),
+              Status::good);
     EXPECT_EQ(p.readings.selected.extra_value[1], 3);
 }
 
@@ -213,8 +164,7 @@ TEST(location_source, given_topography_then_places_alone)
 TEST(process_inversion_data, given_shifts_or_few_readings_then_words)
 {
     Processor p;
-    InversionDefinition definition = small_definition();
-    definition.sensor_min_height() = 10;
+    InversionDefinition definition = small_definition("Sensor height definitions: 1 0 10");
     EXPECT_EQ(p.process(definition, "5 5 90 1\n15 5 109.5 1\n25 5 300 1\n", small_mesh()), Status::good);
     EXPECT_EQ(p.recorded.progress.lines, std::vector<std::string>{ "Number of data points shifted: 2 average shift: 10.3" });
     EXPECT_EQ(p.recorded.dialogs.messages, std::vector<std::string>{ "Warning: The number of inversion data defined is only 3" });

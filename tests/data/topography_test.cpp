@@ -1,4 +1,5 @@
 #include "data/topography.h"
+#include "fakes/case_table.h"
 #include "fakes/recorded_host.h"
 #include "fakes/temporary_folder.h"
 
@@ -197,38 +198,10 @@ TEST(topography, given_a_mesh_of_two_columns_then_topo_dat_is_as_the_solvers_rea
     topo.point_count = 30;
     topo.cell_topo = { 95.25F, -72.00005F }; // the second as it stands in a float: -72.0000534
     topo.air_cells = { 1, 2 };
-    topo.node_topo = { 1, 2, 3, 4, 5, 123456.78F };
-    const struct {
-        std::int32_t method, shift;
-        const char * text;
-    } cases[] = {
-        { 3, 1,
-          " 2 \r\n"
-          "     1005.0000        0.0000       90.0000       95.2500\r\n"
-          "     1020.0000        0.0000       70.0000      -72.0001\r\n" },
-        { 2, 0,
-          " 2 \r\n"
-          "     1005.0000        0.0000       95.2500       90.0000\r\n"
-          "     1020.0000        0.0000      -72.0001       70.0000\r\n" },
-        { 1, 1,
-          " 2 1 \r\n"
-          "             1             1             1\r\n"
-          "             2             1             2\r\n" },
-        { 4, 1,
-          " 8 \r\n"
-          "     1000.0000       -5.0000        1.0000        1.0000\r\n"
-          "     1010.0000       -5.0000        2.0000        2.0000\r\n"
-          "     1030.0000       -5.0000        3.0000        3.0000\r\n"
-          "     1000.0000        5.0000        4.0000        4.0000\r\n"
-          "     1010.0000        5.0000        5.0000        5.0000\r\n"
-          "     1030.0000        5.0000   123456.7813   123456.7813\r\n"
-          "     1005.0000        0.0000       95.2500       95.2500\r\n"
-          "     1020.0000        0.0000      -72.0001      -72.0001\r\n" },
-    };
     const TemporaryFolder folder;
-    for (const auto & row : cases) {
+    for (const auto & [method, shift, lines] : cases_of<3>("topo_file.cases")) {
         RecordedHost host;
-        write_topo_file(folder.file("topo.dat"), definition_of(row.method, row.shift), mesh, topo, host.host);
-        EXPECT_EQ(folder.read("topo.dat"), row.text) << row.method << " " << row.shift;
+        write_topo_file(folder.file("topo.dat"), definition_of(number_in(method), number_in(shift)), mesh, topo, host.host);
+        EXPECT_EQ(folder.read("topo.dat"), file_of(lines)) << method << " " << shift;
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <fstream>
@@ -46,6 +47,17 @@ inline std::string unquoted(const std::string & field)
         }
     }
     return text;
+}
+
+/// The content of a text file whose lines stand in a field with " / " between them.
+inline std::string file_of(const std::string & lines)
+{
+    std::string content;
+    for (std::size_t from = 0, end; from < lines.size(); from = end + 3) {
+        end = std::min(lines.find(" / ", from), lines.size());
+        content += lines.substr(from, end - from) + "\r\n";
+    }
+    return content;
 }
 
 /// All cases of a file. A file that is missing or empty and a case with other than `columns` fields end the test.

@@ -8,6 +8,14 @@
 #include <string>
 #include <string_view>
 
+/// The bytes of a file; empty when there is none.
+inline std::string bytes_of(const std::filesystem::path & file)
+{
+    std::ostringstream content;
+    content << std::ifstream(file, std::ios::binary).rdbuf();
+    return content.str();
+}
+
 /// A folder of its own for one test, gone with it. Paths are given as definition paths.
 class TemporaryFolder {
 public:
@@ -34,12 +42,7 @@ public:
         return file(name);
     }
     /// The bytes of a file; empty when there is none.
-    std::string read(const std::string & name) const
-    {
-        std::ostringstream content;
-        content << std::ifstream(host_path(file(name)), std::ios::binary).rdbuf();
-        return content.str();
-    }
+    std::string read(const std::string & name) const { return bytes_of(host_path(file(name))); }
     bool has(const std::string & name) const { return std::filesystem::exists(host_path(file(name))); }
 
 private:
