@@ -129,6 +129,6 @@ void floor(benchmark::State & state)
 
 }
 
-BENCHMARK(ours)->Unit(benchmark::kMillisecond);
-BENCHMARK(ours_quarter)->Unit(benchmark::kMillisecond);
-BENCHMARK(floor)->Unit(benchmark::kMillisecond);
+BENCHMARK(ours)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(ours_quarter)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(floor)->Unit(benchmark::kMillisecond)->UseRealTime();

@@ -124,7 +124,7 @@ void floor_shuffled(benchmark::State & state) { one_pass(state, without_order())
 
 }
 
-BENCHMARK(ours)->Unit(benchmark::kMillisecond);
-BENCHMARK(floor)->Unit(benchmark::kMillisecond);
-BENCHMARK(ours_shuffled)->Unit(benchmark::kMillisecond);
-BENCHMARK(floor_shuffled)->Unit(benchmark::kMillisecond);
+BENCHMARK(ours)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(floor)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(ours_shuffled)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(floor_shuffled)->Unit(benchmark::kMillisecond)->UseRealTime();

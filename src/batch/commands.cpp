@@ -5,6 +5,7 @@
 #include "app/form_progress.h"
 #include "batch/terminal_host.h"
 #include "rules/change_rules.h"
+#include "rules/limits_from_data.h"
 #include "rules/validation.h"
 #include "support/numbers.h"
 #include "support/paths.h"
@@ -114,6 +115,14 @@ Status save_command(const SaveOptions & options, Host & display)
     if (!options.into.empty() && read_definition(batch.session, options.into, Selection::all, batch.host) != Status::good)
         return Status::bad;
     if (read_definition(batch.session, options.definition, options.selection, batch.host) != Status::good) return Status::bad;
+    return save_definition(batch.session, options.output, batch.host);
+}
+
+Status limits_command(const LimitsOptions & options, Host & display)
+{
+    BatchSession batch(display);
+    if (read_definition(batch.session, options.definition, Selection::all, batch.host) != Status::good) return Status::bad;
+    if (set_limits_from_file(batch.session.setup, options.from == "topo" ? 1 : 0, batch.host) != Status::good) return Status::bad;
     return save_definition(batch.session, options.output, batch.host);
 }
 

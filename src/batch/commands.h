@@ -29,6 +29,16 @@ struct SaveOptions {
 
 Status save_command(const SaveOptions & options, Host & display);
 
+/// What `limits` was asked for.
+struct LimitsOptions {
+    std::string definition;
+    std::string output;
+    std::string from = "data"; ///< data or topo
+};
+
+/// Sets the mesh limits of a definition from its data or its topography and saves it.
+Status limits_command(const LimitsOptions & options, Host & display);
+
 /// What `transform` was asked for: one of the two files.
 struct TransformOptions {
     std::string transform_file;
@@ -38,3 +48,6 @@ struct TransformOptions {
 
 /// Reads points from standard input and prints them transformed.
 Status transform_command(const TransformOptions & options, Host & display);
+
+/// Prints what the grid access makes of a file, one "name: value" a line.
+Status grid_command(const std::string & file, Host & display);

@@ -44,6 +44,8 @@ struct CommandLine {
     std::vector<std::string> skip_tiles;
     SaveOptions save;
     std::string check;
+    std::string grid;
+    LimitsOptions limits;
     TransformOptions transform;
 };
 
@@ -118,6 +120,25 @@ void add_save(CommandLine & line)
     });
 }
 
+void add_limits(CommandLine & line)
+{
+    CLI::App * const command =
+        line.parser.add_subcommand("limits", "Set the mesh limits from the data or the topography, and save");
+    command->add_option("DEFINITION", line.limits.definition, "definition file")->required();
+    command->add_option("--from", line.limits.from, "where the limits come from")
+        ->check(CLI::IsMember({ "data", "topo" }))
+        ->required();
+    command->add_option("--output", line.limits.output, "definition file to write")->required();
+    command->add_flag("--yes", line.yes, "answer every question with Yes");
+    command->callback([&line] {
+        line.run = [&line](Host & host) {
+            line.limits.definition = absolute_definition_path(line.limits.definition);
+            line.limits.output = absolute_definition_path(line.limits.output);
+            return limits_command(line.limits, host);
+        };
+    });
+}
+
 void add_transform(CommandLine & line)
 {
     CLI::App * const command =
@@ -138,9 +159,17 @@ void add_transform(CommandLine & line)
     });
 }
 
+void add_grid(CommandLine & line)
+{
+    CLI::App * const command = line.parser.add_subcommand("grid", "Print what a grid file is understood to be");
+    command->add_option("FILE", line.grid, "grid, picture or point file")->required();
+    command->callback(
+        [&line] { line.run = [&line](Host & host) { return grid_command(absolute_definition_path(line.grid), host); }; });
+}
+
 void add_later_commands(CommandLine & line)
 {
-    for (const char * name : { "limits", "mesh", "model", "grid", "igrf", "start" }) {
+    for (const char * name : { "mesh", "model", "igrf", "start" }) {
         CLI::App * const command = line.parser.add_subcommand(name, "not available yet");
         command->allow_extras();
         command->callback([&line, name] {
@@ -192,7 +221,9 @@ int main(int argument_count, char ** arguments)
     add_create(line);
     add_check(line);
     add_save(line);
+    add_limits(line);
     add_transform(line);
+    add_grid(line);
     add_later_commands(line);
     try {
         line.parser.parse(argument_count, arguments);

@@ -4,6 +4,7 @@
 #include "creation/solver_inputs.h"
 #include "creation/weighting_file.h"
 #include "data/observed_output.h"
+#include "data/topo_grid.h"
 #include "data/topography.h"
 #include "model/mesh_file.h"
 #include "model/model_file.h"
@@ -40,6 +41,8 @@ struct Run {
     bool has_topo_file() const { return definition.topo_type == 0; }
 };
 
+constexpr std::int32_t grid_file = 1; // a kind of data file
+
 bool is_own_solver(const InversionDefinition & definition) { return definition.inversion_method == 4; }
 
 void write_parameter_files(Run & run)
@@ -64,6 +67,10 @@ void make_topography(Run & run)
 {
     run.host.progress.line("Gridding topo data ");
     run.host.progress.step("Generate topo data");
+    if (run.definition.data_kind[1] == grid_file) {
+        require(load_topo_grid(run.definition, run.mesh, run.topo, run.host));
+        return;
+    }
     ObservedData points;
     LocationStatistics statistics;
     require(read_locations_file(location_source(run.definition, 1), ReadMode::store, points, statistics, run.host));
@@ -122,6 +129,18 @@ const char * reference_file_name(const Run & run)
     return is_own_solver(run.definition) && run.definition.data_integration_time > 0 ? files.observed : files.reference;
 }
 
+std::string no_data_text(const Run & run)
+{
+    const auto & file = run.definition.data_file;
+    if (run.definition.data_file_type != 0)
+        return "the data grid " + file[2] + (file[5].empty() ? "" : " and the sensor grid " + file[5]) +
+               " have no value at the centre of any cell in the core of the mesh. Check the mesh limits and the nulls of the "
+               "grid";
+    return "none of the " + general_text(run.readings.read_count) + " readings of the observed data file " + file[0] +
+           " can be used: none that has a value and a position lies over the core of the mesh. Check the columns and the mesh "
+           "limits";
+}
+
 void write_observed_data(Run & run)
 {
     const OutputWindow whole = { 1, run.mesh.cells_x() + 1, 1, run.mesh.cells_y() + 1 };
@@ -130,11 +149,7 @@ void write_observed_data(Run & run)
     };
     run.host.progress.line("Writing observed data for use in the inversion");
     run.host.progress.step("Write observed data");
-    if (write(false, run.creation.files().observed) == 0)
-        throw Fault("none of the " + general_text(run.readings.read_count) + " readings of the observed data file " +
-                    run.definition.data_file[0] +
-                    " can be used: none that has a value and a position lies over the core of the mesh. Check the columns and "
-                    "the mesh limits");
+    if (write(false, run.creation.files().observed) == 0) throw Fault(no_data_text(run));
     if (run.creation.mode != CreateMode::all) return;
     if (run.definition.data_line_column > 0 || run.definition.data_extra_value_column > 0) write(true, reference_file_name(run));
 }

@@ -51,8 +51,8 @@ bool is_plain(std::string_view block, LineReader reader)
 
 }
 
-LineScanner::LineScanner(TextFile & file, LineReader reader)
-    : file_(file), reader_(reader), text_(file.all()), at_(text_.data()), block_end_(at_), plain_end_(at_)
+LineScanner::LineScanner(std::string_view text, LineReader reader)
+    : reader_(reader), text_(text), at_(text_.data()), block_end_(at_), plain_end_(at_)
 {
 }
 
@@ -70,7 +70,7 @@ bool LineScanner::take_plain(std::string_view & line)
 bool LineScanner::next_examined(std::string_view & line)
 {
     if (at_ == block_end_) {
-        if (bytes_read() == bytes_total()) return false;
+        if (rest().empty()) return false;
         examine_block();
         if (at_ < plain_end_ && take_plain(line)) return true;
     }
@@ -79,8 +79,7 @@ bool LineScanner::next_examined(std::string_view & line)
 
 void LineScanner::examine_block()
 {
-    block_begun_ = true;
-    std::string_view block = text_.substr(static_cast<std::size_t>(bytes_read()), block_size);
+    std::string_view block = rest().substr(0, block_size);
     const std::size_t last_feed = block.rfind('\n');
     if (last_feed != std::string_view::npos) block = block.substr(0, last_feed + 1);
     block_end_ = block.data() + block.size();
@@ -89,10 +88,9 @@ void LineScanner::examine_block()
 
 bool LineScanner::read_oddly(std::string_view & line)
 {
-    file_.rewind();
-    file_.skip(static_cast<std::size_t>(bytes_read()));
-    const bool read = reader_ == LineReader::raw ? read_raw_line(file_, odd_line_) : read_text_line(file_, odd_line_);
-    at_ = text_.data() + (text_.size() - file_.rest().size());
+    std::string_view rest = this->rest();
+    const bool read = reader_ == LineReader::raw ? take_raw_line(rest, odd_line_) : take_text_line(rest, odd_line_);
+    at_ = text_.data() + (text_.size() - rest.size());
     block_end_ = std::max(block_end_, at_); // a line may run past a block that had no line feed
     line = odd_line_;
     return read;

@@ -11,30 +11,24 @@ enum class LineReader {
     printable ///< as `read_text_line` does
 };
 
-/// Gives the lines of a file exactly as `read_raw_line` or `read_text_line` would, but without copying them.
+/// Gives the lines of a text exactly as `read_raw_line` or `read_text_line` would, but without copying them.
 ///
 /// The text is examined in blocks of whole lines. A block without odd bytes is taken apart in place; in any other the line
 /// readers themselves do the work. Tabs may be left as they are where they can only stand between fields.
 class LineScanner {
 public:
-    LineScanner(TextFile & file, LineReader reader);
+    LineScanner(std::string_view text, LineReader reader);
 
-    /// The next line, valid until the next call; false at the end of the file. A line end or a NUL stands behind it.
+    /// The next line, valid until the next call; false at the end of the file. A byte that is no digit stands behind it: a line
+    /// end or a NUL.
     bool next(std::string_view & line)
     {
         if (at_ < plain_end_ && take_plain(line)) return true;
         return next_examined(line);
     }
 
-    /// True once after each block: a good moment to tell of progress.
-    bool block_begun()
-    {
-        const bool begun = block_begun_;
-        block_begun_ = false;
-        return begun;
-    }
-    std::int64_t bytes_read() const { return at_ - text_.data(); }
-    std::int64_t bytes_total() const { return static_cast<std::int64_t>(text_.size()); }
+    /// What has not been read yet.
+    std::string_view rest() const { return text_.substr(static_cast<std::size_t>(at_ - text_.data())); }
 
 private:
     bool take_plain(std::string_view & line);
@@ -42,13 +36,11 @@ private:
     bool read_oddly(std::string_view & line);
     void examine_block();
 
-    TextFile & file_;
     LineReader reader_;
     std::string_view text_;
     const char * at_;        // the next byte to be read
     const char * block_end_; // what has been examined
     const char * plain_end_; // equal to block_end_ in a block without odd bytes, otherwise no further than `at_`
-    bool block_begun_ = false;
     std::string odd_line_;
 };
 

@@ -30,10 +30,17 @@ enum class ReadMode {
     store       ///< also stores every point, line and category
 };
 
+/// How a text is shared among threads. Neither has an effect on what is read, but that the blocks decide in which order the means
+/// are summed.
+struct ReadShares {
+    std::size_t block_size = std::size_t{ 1 } << 20; ///< bytes; a block runs on to the end of its line
+    unsigned threads = 0;                            ///< 0: as many as the machine has to offer
+};
+
 /// Turns a point data source into points.
 ///
 /// Records whose x or y is missing are skipped silently; no point at all is no failure. Bad, after one message, when the file
 /// cannot be opened or read, or for a column above 512. Files in any of the field's habits: blanks, tabs or commas between
 /// fields, CR, LF or CR LF, quoted texts, a UTF-8 mark.
 Status read_locations_file(const LocationSource & source, ReadMode mode, ObservedData & data, LocationStatistics & statistics,
-                           Host & host);
+                           Host & host, const ReadShares & shares = {});

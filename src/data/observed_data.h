@@ -19,11 +19,15 @@ struct ObservedData {
     List<std::int32_t> category_index;   ///< empty where the column is not read
     List<std::string> category_name;     ///< sorted
     List<std::string> text;              ///< empty where the column is not read
+
+    bool operator==(const ObservedData &) const = default;
 };
 
 /// Minimum, maximum and mean of a quantity over the points that hold it.
 struct Range {
     float minimum = 1e32F, maximum = -1e32F, mean = 0;
+
+    bool operator==(const Range &) const = default;
 };
 
 /// The statistics of one read.
@@ -32,6 +36,8 @@ struct LocationStatistics {
     double minimum_y = 1e32, maximum_y = -1e32;
     Range z;
     std::array<Range, 3> value;
+
+    bool operator==(const LocationStatistics &) const = default;
 };
 
 /// What is kept per surface cell: at most one reading, the one nearest the centre. x varies fastest in the lists.
@@ -63,4 +69,16 @@ struct AllPoints {
         double extra_value = 0;
     };
     List<Point> points;
+};
+
+/// How many readings had to be lifted to the least height above the ground, and by how much in all, in metres.
+struct Shifts {
+    std::int32_t count = 0;
+    double sum = 0;
+
+    void add(double shift)
+    {
+        ++count;
+        sum += shift;
+    }
 };

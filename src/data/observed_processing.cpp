@@ -1,8 +1,10 @@
 #include "data/observed_processing.h"
 
 #include "data/cell_axis.h"
+#include "data/observed_grids.h"
 #include "support/missing.h"
 #include "support/numbers.h"
+#include "support/ordered_work.h"
 #include "support/pattern.h"
 
 #include <algorithm>
@@ -39,12 +41,6 @@ void prefetch([[maybe_unused]] const void * address)
 #endif
 }
 
-/// How many readings had to be lifted to the least height above the ground, and by how much in all.
-struct Shifts {
-    std::int32_t count = 0;
-    double sum = 0;
-};
-
 /// Takes the points apart one by one, by the rules of one definition and mesh.
 class PointSelection {
 public:
@@ -65,13 +61,13 @@ public:
     {
     }
 
-    /// Makes a reading of point i, counted from 0. False when it is left out.
-    bool take(std::size_t i, Reading & reading)
+    /// Makes a reading of point i, counted from 0. False when it is left out. shifts: by how much readings were lifted.
+    bool take(std::size_t i, Triangulation::Trail & trail, Reading & reading, std::vector<double> & shifts) const
     {
         if (has_z_ && is_dummy(z_[i])) return false;
         // A z from the file holds the sensor's offset already: it counts twice there, as it always has.
         reading.z = (has_z_ ? z_[i] : 0) + sensor_offset_;
-        return take_values(i, reading) && place(i, reading) && set_elevation(reading);
+        return take_values(i, reading) && place(i, reading) && set_elevation(trail, reading, shifts);
     }
 
     /// Makes the reading of a point that was taken before, all but its elevation.
@@ -89,8 +85,6 @@ public:
         prefetch(&y_[i]);
         prefetch(value_[0].empty() ? nullptr : &value_[0][i]);
     }
-
-    const Shifts & shifts() const { return shifts_; }
 
 private:
     double value(std::size_t component, std::size_t i) const
@@ -139,14 +133,13 @@ private:
         return true;
     }
 
-    bool set_elevation(Reading & reading)
+    bool set_elevation(Triangulation::Trail & trail, Reading & reading, std::vector<double> & shifts) const
     {
-        const double ground = is_flat_ ? mesh_top_ : topo_.triangulation.at(reading.x, reading.y);
+        const double ground = is_flat_ ? mesh_top_ : topo_.triangulation.at(reading.x, reading.y, trail);
         if (is_missing(ground)) return false;
         if (above_ground_) reading.z += ground;
         if (least_height_ > 0 && reading.z - ground < least_height_) {
-            ++shifts_.count;
-            shifts_.sum += ground + least_height_ - reading.z;
+            shifts.push_back(ground + least_height_ - reading.z);
             reading.z = ground + least_height_;
         }
         return true;
@@ -160,10 +153,9 @@ private:
     double mesh_top_, sensor_offset_, least_height_, base_, scale_;
     std::int32_t type_count_;
     bool keeps_nulls_, has_z_, has_line_, has_extra_value_, above_ground_, is_flat_;
-    Shifts shifts_;
 };
 
-void add_to_all(const Reading & reading, AllPoints & all)
+AllPoints::Point whole_point(const Reading & reading)
 {
     AllPoints::Point point;
     point.cell_x = reading.cell_x;
@@ -176,9 +168,23 @@ void add_to_all(const Reading & reading, AllPoints & all)
     point.value_2 = reading.value_2;
     point.distance = std::sqrt(reading.squared_distance);
     point.extra_value = reading.extra_value;
-    all.points.push_back(point);
-    ++all.point_count;
+    return point;
 }
+
+/// What a reading needs to compete for its cell.
+struct Candidate {
+    std::int32_t point = 0; ///< counted from 0
+    std::uint32_t cell = 0; ///< counted from 0
+    double squared_distance = 0;
+    double z = 0;
+};
+
+/// The readings that a block of points gives, in their order.
+struct ReadingBlock {
+    std::vector<Candidate> candidates;
+    std::vector<AllPoints::Point> all; ///< empty unless all are kept
+    std::vector<double> shifts;
+};
 
 void size_lists(const InversionDefinition & definition, const UbcMesh & mesh, SelectedData & selected)
 {
@@ -203,37 +209,21 @@ public:
         std::ranges::fill(distance_, std::numeric_limits<float>::infinity());
     }
 
-    std::size_t cell_of(const Reading & reading) const
-    {
-        return static_cast<std::size_t>(selected_.cell(reading.cell_x, reading.cell_y)) - 1;
-    }
-
-    void prefetch_cell(const Reading & reading) const
-    {
-        prefetch(&distance_[cell_of(reading)]);
-        prefetch(&point_[cell_of(reading)]);
-    }
-
     /// Of readings at the same distance the first stays.
-    void offer(std::int32_t point, const Reading & reading)
+    void offer(std::span<const Candidate> candidates)
     {
-        const std::size_t cell = cell_of(reading);
-        // The stored distance squared is exact, so this leaves out none that is nearer, and spares most of the roots.
-        const auto least = static_cast<double>(distance_[cell]);
-        if (reading.squared_distance >= least * least) return;
-        const auto distance = static_cast<float>(std::sqrt(reading.squared_distance));
-        if (!(distance < distance_[cell])) return;
-        if (point_[cell] == no_point) ++selected_.selected_count;
-        point_[cell] = point;
-        distance_[cell] = distance;
-        z_[cell] = to_f32(reading.z);
+        constexpr std::size_t ahead = 32;
+        for (std::size_t i = 0; i < candidates.size(); ++i) {
+            if (i + ahead < candidates.size()) prefetch_cell(candidates[i + ahead]);
+            offer(candidates[i]);
+        }
     }
 
-    /// Fills in all that a cell holds of its point.
-    void fill_cells(const PointSelection & selection)
+    /// Fills in all that the cells from `first` up to `last`, counted from 0, hold of their points.
+    void fill_cells(const PointSelection & selection, std::size_t first, std::size_t last)
     {
-        for (std::size_t cell = 0; cell < point_.size(); ++cell) {
-            if (const std::size_t ahead = cell + 16; ahead < point_.size() && point_[ahead] != no_point)
+        for (std::size_t cell = first; cell < last; ++cell) {
+            if (const std::size_t ahead = cell + 16; ahead < last && point_[ahead] != no_point)
                 selection.prefetch_point(static_cast<std::size_t>(point_[ahead]));
             if (point_[cell] == no_point)
                 distance_[cell] = 0;
@@ -244,6 +234,26 @@ public:
 
 private:
     static constexpr std::int32_t no_point = -1; // points count from 0 here
+
+    void prefetch_cell(const Candidate & candidate) const
+    {
+        prefetch(&distance_[candidate.cell]);
+        prefetch(&point_[candidate.cell]);
+    }
+
+    void offer(const Candidate & candidate)
+    {
+        const std::size_t cell = candidate.cell;
+        // The stored distance squared is exact, so this leaves out none that is nearer, and spares most of the roots.
+        const auto least = static_cast<double>(distance_[cell]);
+        if (candidate.squared_distance >= least * least) return;
+        const auto distance = static_cast<float>(std::sqrt(candidate.squared_distance));
+        if (!(distance < distance_[cell])) return;
+        if (point_[cell] == no_point) ++selected_.selected_count;
+        point_[cell] = candidate.point;
+        distance_[cell] = distance;
+        z_[cell] = to_f32(candidate.z);
+    }
 
     void fill_cell(std::int64_t cell, const Reading & reading)
     {
@@ -260,6 +270,37 @@ private:
     std::vector<std::int32_t> point_;
     std::span<float> distance_, z_;
 };
+
+// Of points and of cells alike. Small enough to stay near the processor, and for a search of the ground to start anew in each.
+constexpr std::size_t block_size = std::size_t{ 1 } << 14;
+
+std::size_t block_count(std::size_t count) { return (count + block_size - 1) / block_size; }
+std::size_t block_end(std::size_t number, std::size_t count) { return std::min((number + 1) * block_size, count); }
+
+void take_block(const PointSelection & selection, const SelectedData & selected, std::size_t first, std::size_t last,
+                bool keeps_all, ReadingBlock & block)
+{
+    block.candidates.clear();
+    block.all.clear();
+    block.shifts.clear();
+    Triangulation::Trail trail;
+    for (std::size_t i = first; i < last; ++i) {
+        Reading reading;
+        if (!selection.take(i, trail, reading, block.shifts)) continue;
+        const auto cell = static_cast<std::uint32_t>(selected.cell(reading.cell_x, reading.cell_y) - 1);
+        block.candidates.push_back({ static_cast<std::int32_t>(i), cell, reading.squared_distance, reading.z });
+        if (keeps_all) block.all.push_back(whole_point(reading));
+    }
+}
+
+void fill_all_cells(CellChoice & choice, const PointSelection & selection, std::size_t cells)
+{
+    struct Nothing {};
+    work_in_order<Nothing>(
+        block_count(cells), working_threads(),
+        [&](std::size_t number, Nothing &) { choice.fill_cells(selection, number * block_size, block_end(number, cells)); },
+        [](std::size_t, const Nothing &) {});
+}
 
 void report_selection(const Shifts & shifts, const SelectedData & selected, Host & host)
 {
@@ -308,40 +349,37 @@ void select_point_readings(const ObservedData & points, const InversionDefinitio
     const bool keeps_all = definition.data_values_per_cell != 1;
     if (keeps_all) readings.all.points.reserve(points.point_count);
 
-    PointSelection selection(points, definition, mesh, topo);
+    const PointSelection selection(points, definition, mesh, topo);
+    const auto count = static_cast<std::size_t>(points.point_count);
     CellChoice choice(selected);
+    Shifts shifts;
     Percentage percentage(host.progress, points.point_count);
-    // In small blocks, so that the cells of many readings are on their way from memory at once.
-    struct Taken {
-        std::int32_t point;
-        Reading reading;
-    };
-    std::array<Taken, 64> block;
-    for (std::int32_t i = 0; i < points.point_count;) {
-        percentage.report(i);
-        std::size_t count = 0;
-        for (std::size_t ahead = 0; ahead < block.size() && i < points.point_count; ++ahead, ++i) {
-            Taken & taken = block[count];
-            taken.point = i;
-            if (!selection.take(static_cast<std::size_t>(i), taken.reading)) continue;
-            choice.prefetch_cell(taken.reading);
-            ++count;
-        }
-        for (const Taken & taken : std::span(block).first(count)) {
-            if (keeps_all) add_to_all(taken.reading, readings.all);
-            choice.offer(taken.point, taken.reading);
-        }
-    }
-    choice.fill_cells(selection);
-    report_selection(selection.shifts(), selected, host);
+    work_in_order<ReadingBlock>(
+        block_count(count), working_threads(),
+        [&](std::size_t number, ReadingBlock & block) {
+            take_block(selection, selected, number * block_size, block_end(number, count), keeps_all, block);
+        },
+        [&](std::size_t number, const ReadingBlock & block) {
+            percentage.report(static_cast<std::int64_t>(number * block_size));
+            readings.all.points.append(block.all);
+            for (const double shift : block.shifts) shifts.add(shift);
+            choice.offer(block.candidates);
+        });
+    readings.all.point_count = readings.all.points.size();
+    fill_all_cells(choice, selection, selected.occupied.items().size());
+    report_selection(shifts, selected, host);
 }
 
 Status process_inversion_data(const InversionDefinition & definition, const UbcMesh & mesh, const TopoSurface & topo,
                               ObservedReadings & readings, Host & host)
 {
     if (definition.data_file_type != 0) {
-        host.dialogs.message("Gridded data are not available yet: " + definition.data_file[2]);
-        return Status::bad;
+        readings = {};
+        size_lists(definition, mesh, readings.selected);
+        Shifts shifts;
+        if (select_grid_readings(definition, mesh, topo, readings.selected, shifts, host) != Status::good) return Status::bad;
+        report_selection(shifts, readings.selected, host);
+        return Status::good;
     }
     ObservedData points;
     LocationStatistics statistics;

@@ -13,7 +13,7 @@ LocationSource location_source(const InversionDefinition & definition, int slot)
 
 /// The readings of one run.
 struct ObservedReadings {
-    std::int32_t read_count = 0; ///< points in the file, used or not
+    std::int32_t read_count = 0; ///< points in the file, used or not; 0 for grids
     SelectedData selected;
     AllPoints all;
 };
@@ -23,8 +23,9 @@ struct ObservedReadings {
 void select_point_readings(const ObservedData & points, const InversionDefinition & definition, const UbcMesh & mesh,
                            const TopoSurface & topo, ObservedReadings & readings, Host & host);
 
-/// Reads the observed data and keeps, per surface cell, the reading nearest its centre with its sensor elevation.
+/// Reads the observed data, points or grids, and keeps per surface cell one reading with its sensor elevation: of points the one
+/// nearest the cell's centre, of grids the value there.
 ///
-/// Bad when the reader failed (it has shown why). Fewer than 10 readings kept is a warning only.
+/// Bad when a reader failed (it has shown why). Fewer than 10 readings kept is a warning only.
 Status process_inversion_data(const InversionDefinition & definition, const UbcMesh & mesh, const TopoSurface & topo,
                               ObservedReadings & readings, Host & host);

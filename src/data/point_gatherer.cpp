@@ -1,20 +1,22 @@
 #include "data/point_gatherer.h"
 
 #include "support/numbers.h"
-#include "support/text.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
 
-PointGatherer::PointGatherer(const LocationSource & source, ReadMode mode, const LocationStatistics & limits,
-                             std::int64_t expected)
+namespace {
+
+void update(RecordTexts::Text & text, const RecordTexts::Text & later)
+{
+    if (later.known) text = later;
+}
+
+}
+
+PointGatherer::PointGatherer(const LocationSource & source, ReadMode mode, std::int64_t expected)
     : source_(source), stores_(mode == ReadMode::store)
 {
-    for (std::size_t i = 0; i < window_.size(); ++i) {
-        window_[i] = source.value_window[i] && source.value_column[i] > 0;
-        if (source.value_window[i]) statistics_.value[i] = limits.value[i];
-    }
     if (!stores_) return;
     for (List<double> & list : points_.xyz) list.reserve(expected);
     for (std::size_t i = 0; i < source.value_column.size(); ++i)
@@ -24,134 +26,117 @@ PointGatherer::PointGatherer(const LocationSource & source, ReadMode mode, const
     if (source.text_column > 0) points_.text.reserve(expected);
 }
 
-void PointGatherer::take(const LocationRecord & record)
+void PointGatherer::take(const PointBlock & block)
 {
-    take_texts(record);
-    if (is_missing(record.number[0]) || is_missing(record.number[1])) return;
-    Point point = point_of(record);
-    if (source_.line_column > 0 && point.x == 0 && point.y == 0 && point.z == 0 && line_name_ == "0") return;
-    if (source_.transform.in_use)
-        apply_point_transform(source_.transform, TransformDirection::forward, point.x, point.y, point.z);
-    if (is_outside_windows(point)) return;
-
-    ++point_count_;
-    if (source_.interpolation_interval > 0) interpolate(point);
-    if (stores_) store(point);
-    count_in(point);
+    count_in(block);
+    take_categories(block);
+    // A block opens a line by the first name in it, but that may be the line that runs already.
+    const List<std::string> & names = block.points.line_name;
+    const std::int32_t first_line = !names.empty() && names[1] == texts_.line.text ? 2 : 1;
+    if (source_.interpolation_interval > 0)
+        append_filled_in(block, first_line);
+    else
+        append(block, first_line);
+    update(texts_.line, block.texts.line);
+    update(texts_.category, block.texts.category);
+    update(texts_.text, block.texts.text);
 }
 
-PointGatherer::Point PointGatherer::point_of(const LocationRecord & record) const
+void PointGatherer::count_in(const PointBlock & block)
 {
-    const auto & number = record.number;
-    Point point{ number[0], number[1], number[2], {} };
-    if (number[2] != missing_value)
-        point.z = (source_.z_is_depth == 1 ? -number[2] : number[2]) + static_cast<double>(source_.elevation_offset);
-    for (std::size_t i = 0; i < point.value.size(); ++i) {
-        point.value[i] = static_cast<float>(number[3 + i]);
-        if (!std::isfinite(point.value[i])) point.value[i] = to_f32(number[3 + i]); // fails, with words
+    statistics_.minimum_x = std::min(statistics_.minimum_x, block.minimum_x);
+    statistics_.maximum_x = std::max(statistics_.maximum_x, block.maximum_x);
+    statistics_.minimum_y = std::min(statistics_.minimum_y, block.minimum_y);
+    statistics_.maximum_y = std::max(statistics_.maximum_y, block.maximum_y);
+    z_.add(block.z);
+    for (std::size_t i = 0; i < value_.size(); ++i) value_[i].add(block.value[i]);
+}
+
+void PointGatherer::open_line(const std::string & name, std::int64_t first_point)
+{
+    texts_.line.text = name;
+    line_count_ = add_counts(line_count_, 1);
+    if (!stores_) return;
+    points_.line_name.push_back(name);
+    points_.line_first_point.push_back(round_to_count(static_cast<double>(first_point)));
+}
+
+void PointGatherer::append(const PointBlock & block, std::int32_t first_line)
+{
+    const ObservedData & points = block.points;
+    const std::int32_t lines_before = line_count_ - (first_line - 1);
+    for (std::int32_t line = first_line; line <= points.line_name.size(); ++line)
+        open_line(points.line_name[line], point_count_ + points.line_first_point[line]);
+    point_count_ += points.point_count;
+    if (!stores_) return;
+    for (std::size_t i = 0; i < 3; ++i) {
+        points_.xyz[i].append(points.xyz[i].items());
+        points_.value[i].append(points.value[i].items());
     }
-    return point;
+    for (const std::int32_t line : points.line_index.items()) points_.line_index.push_back(lines_before + line);
+    for (const std::int32_t category : points.category_index.items())
+        points_.category_index.push_back(block_categories_[static_cast<std::size_t>(category) - 1]);
+    points_.text.append(points.text.items());
 }
 
-// Texts that a record does not reach stay those of the record before.
-void PointGatherer::take_texts(const LocationRecord & record)
+void PointGatherer::append_filled_in(const PointBlock & block, std::int32_t first_line)
 {
-    if (record.line && *record.line != line_name_) {
-        line_name_ = *record.line;
-        line_count_ = add_counts(line_count_, 1);
-        if (stores_) {
-            points_.line_name.push_back(line_name_);
-            points_.line_first_point.push_back(round_to_count(static_cast<double>(point_count_ + 1)));
-        }
+    const ObservedData & points = block.points;
+    std::int32_t line = first_line;
+    for (std::int32_t number = 1; number <= points.point_count + 1; ++number) {
+        for (; line <= points.line_name.size() && points.line_first_point[line] == number; ++line)
+            open_line(points.line_name[line], point_count_ + 1);
+        if (number <= points.point_count) fill_in(points, number);
     }
-    if (record.category) {
-        has_categories_ = true;
-        const std::string_view name = record.category->empty() ? "NA" : *record.category;
-        if (name != category_) {
-            category_ = name;
-            category_number_ = 0;
-        }
-    }
-    if (record.text) text_ = *record.text;
 }
 
-bool PointGatherer::is_outside_windows(const Point & point) const
+/// Takes a point, after those that fill the gap between the previous reading of its line and this one.
+void PointGatherer::fill_in(const ObservedData & points, std::int32_t number)
 {
-    for (std::size_t i = 0; i < window_.size(); ++i) {
-        const Range & limits = statistics_.value[i];
-        if (window_[i] && (point.value[i] < limits.minimum || point.value[i] > limits.maximum)) return true;
-    }
-    return false;
-}
-
-void PointGatherer::Tally::add(double value)
-{
-    if (is_missing(value)) {
-        if (!(value > missing_value)) return; // the mean's own limit, lower than the usual one
-    } else {
-        minimum = std::min(minimum, value);
-        maximum = std::max(maximum, value);
-    }
-    sum += value;
-    ++count;
-}
-
-Range PointGatherer::Tally::range() const
-{
-    return { to_f32(minimum), to_f32(maximum), count == 0 ? 0.0F : to_f32(sum / static_cast<double>(count)) };
-}
-
-void PointGatherer::count_in(const Point & point)
-{
-    statistics_.minimum_x = std::min(statistics_.minimum_x, point.x);
-    statistics_.maximum_x = std::max(statistics_.maximum_x, point.x);
-    statistics_.minimum_y = std::min(statistics_.minimum_y, point.y);
-    statistics_.maximum_y = std::max(statistics_.maximum_y, point.y);
-    if (source_.z_column > 0) z_.add(point.z);
-    for (std::size_t i = 0; i < value_.size(); ++i)
-        if (source_.value_column[i] > 0) value_[i].add(static_cast<double>(point.value[i]));
-}
-
-/// Fills in points between the previous reading of a line and this one.
-void PointGatherer::interpolate(const Point & point)
-{
-    const Point before = previous_;
-    const bool same_line = source_.line_column > 0 && point_count_ >= 2 && line_name_ == previous_line_;
-    previous_ = point;
-    previous_line_ = line_name_;
-    if (!same_line) return;
+    const Place place{ points.xyz[0][number], points.xyz[1][number], points.xyz[2][number] };
+    const Place before = previous_;
+    const bool same_line = source_.line_column > 0 && point_count_ >= 1 && texts_.line.text == previous_line_;
+    previous_ = place;
+    previous_line_ = texts_.line.text;
     const double interval = source_.interpolation_interval;
-    const double distance = std::hypot(point.x - before.x, point.y - before.y);
-    if (!(distance > interval)) return;
-    std::int32_t steps = round_to_count(distance / interval);
-    if (distance - interval / 10 > steps * interval) ++steps;
-    for (std::int32_t i = 1; stores_ && i < steps; ++i) {
-        const double part = static_cast<double>(i) / steps;
-        store({ before.x + part * (point.x - before.x), before.y + part * (point.y - before.y),
-                before.z + part * (point.z - before.z), point.value });
+    const double distance = std::hypot(place.x - before.x, place.y - before.y);
+    if (same_line && distance > interval) {
+        std::int32_t steps = round_to_count(distance / interval);
+        if (distance - interval / 10 > steps * interval) ++steps;
+        for (std::int32_t i = 1; stores_ && i < steps; ++i) {
+            const double part = static_cast<double>(i) / steps;
+            store({ before.x + part * (place.x - before.x), before.y + part * (place.y - before.y),
+                    before.z + part * (place.z - before.z) },
+                  points, number);
+        }
+        point_count_ += steps - 1;
     }
-    point_count_ += steps - 1;
+    ++point_count_;
+    if (stores_) store(place, points, number);
 }
 
-void PointGatherer::store(const Point & point)
+/// Stores a point that has everything but its place from point `number` of a block.
+void PointGatherer::store(const Place & place, const ObservedData & points, std::int32_t number)
 {
-    points_.xyz[0].push_back(point.x);
-    points_.xyz[1].push_back(point.y);
-    points_.xyz[2].push_back(point.z);
-    for (std::size_t i = 0; i < point.value.size(); ++i)
-        if (source_.value_column[i] > 0) points_.value[i].push_back(point.value[i]);
-    if (source_.line_column > 0) points_.line_index.push_back(line_count_);
-    if (source_.category_column > 0) points_.category_index.push_back(category_number());
-    if (source_.text_column > 0) points_.text.push_back(text_);
+    points_.xyz[0].push_back(place.x);
+    points_.xyz[1].push_back(place.y);
+    points_.xyz[2].push_back(place.z);
+    for (std::size_t i = 0; i < points.value.size(); ++i)
+        if (!points.value[i].empty()) points_.value[i].push_back(points.value[i][number]);
+    if (!points.line_index.empty()) points_.line_index.push_back(line_count_);
+    if (!points.category_index.empty())
+        points_.category_index.push_back(block_categories_[static_cast<std::size_t>(points.category_index[number]) - 1]);
+    if (!points.text.empty()) points_.text.push_back(points.text[number]);
 }
 
-std::int32_t PointGatherer::category_number()
+void PointGatherer::take_categories(const PointBlock & block)
 {
-    if (category_number_ == 0) {
+    has_categories_ = has_categories_ || block.has_categories;
+    block_categories_.clear();
+    for (const std::string & name : block.points.category_name.items()) {
         const auto next = static_cast<std::int32_t>(category_numbers_.size()) + 1;
-        category_number_ = category_numbers_.try_emplace(category_, next).first->second;
+        block_categories_.push_back(category_numbers_.try_emplace(name, next).first->second);
     }
-    return category_number_;
 }
 
 /// Numbers the categories by their sorted names in place of their first appearance.
@@ -170,11 +155,10 @@ void PointGatherer::finish(ObservedData & data, LocationStatistics & statistics)
 {
     statistics_.z = z_.range();
     for (std::size_t i = 0; i < value_.size(); ++i) {
-        const Range limits = statistics_.value[i];
         statistics_.value[i] = value_[i].range();
-        if (i >= window_.size() || !source_.value_window[i]) continue;
-        statistics_.value[i].minimum = limits.minimum;
-        statistics_.value[i].maximum = limits.maximum;
+        if (i >= source_.value_window.size() || !source_.value_window[i]) continue;
+        statistics_.value[i].minimum = statistics.value[i].minimum;
+        statistics_.value[i].maximum = statistics.value[i].maximum;
     }
     statistics = statistics_;
     data = {};

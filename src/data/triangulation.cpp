@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -83,9 +84,26 @@ double largest_size(std::span<const double> values)
     return largest;
 }
 
-/// Linear interpolation within the triangle a, b, c, around its corner a.
-double interpolated(const Delaunay::Vertex & a, const Delaunay::Vertex & b, const Delaunay::Vertex & c, double x, double y)
+Delaunay::Face_handle handle_of(const Delaunay::Face & face)
 {
+    return Delaunay::Triangulation_data_structure::Face_range::s_iterator_to(const_cast<Delaunay::Face &>(face));
+}
+
+/// The triangle that answers for the edge opposite to a corner. A search gives the one it comes to first, and the other may
+/// differ from it in the last digit.
+Delaunay::Face_handle chosen_side(const Delaunay & delaunay, Delaunay::Face_handle face, int corner)
+{
+    const Delaunay::Face_handle other = face->neighbor(corner);
+    if (delaunay.is_infinite(other)) return face;
+    const auto & here = face->vertex(corner)->point();
+    const auto & there = delaunay.mirror_vertex(face, corner)->point();
+    return std::pair(here.x(), here.y()) < std::pair(there.x(), there.y()) ? face : other;
+}
+
+/// Linear interpolation within a triangle, around its first corner.
+double interpolated(const Delaunay::Face & face, double x, double y)
+{
+    const Delaunay::Vertex &a = *face.vertex(0), &b = *face.vertex(1), &c = *face.vertex(2);
     const double bx = b.point().x() - a.point().x(), by = b.point().y() - a.point().y();
     const double cx = c.point().x() - a.point().x(), cy = c.point().y() - a.point().y();
     const double area = bx * cy - cx * by;
@@ -110,7 +128,7 @@ struct Triangulation_structural_filtering_traits<GroundKernel> {
 
 struct Triangulation::Faces {
     Delaunay delaunay;
-    Delaunay::Face_handle last; ///< where the last position was found
+    Trail trail; ///< of all who bring none
 
     explicit Faces(const GroundKernel & kernel) : delaunay(kernel) {}
 };
@@ -146,19 +164,25 @@ bool Triangulation::build(std::span<const double> x, std::span<const double> y, 
     return true;
 }
 
-double Triangulation::at(double x, double y) const
+double Triangulation::at(double x, double y) const { return faces_ ? at(x, y, faces_->trail) : missing_value; }
+
+double Triangulation::at(double x, double y, Trail & trail) const
 {
     if (!faces_ || !std::isfinite(x) || !std::isfinite(y)) return missing_value;
+    const Delaunay & delaunay = faces_->delaunay;
+    Delaunay::Face_handle near;
+    if (trail.face_ != nullptr) near = handle_of(*static_cast<const Delaunay::Face *>(trail.face_));
     Delaunay::Locate_type kind;
     int corner = 0;
-    const auto face = faces_->delaunay.locate({ x, y }, kind, corner, faces_->last);
-    faces_->last = face;
+    const auto face = delaunay.locate({ x, y }, kind, corner, near);
+    trail.face_ = &*face;
     switch (kind) {
     case Delaunay::VERTEX:
         return face->vertex(corner)->info();
     case Delaunay::EDGE:
+        return interpolated(*chosen_side(delaunay, face, corner), x, y);
     case Delaunay::FACE:
-        return interpolated(*face->vertex(0), *face->vertex(1), *face->vertex(2), x, y);
+        return interpolated(*face, x, y);
     default:
         return missing_value;
     }

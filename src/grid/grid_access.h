@@ -1,10 +1,7 @@
 #pragma once
 
-#include "host/dialogs.h"
-#include "support/status.h"
-
 #include <cstdint>
-#include <span>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,13 +11,7 @@ enum class FileKind { points, grid, image };
 /// Where the positions of a format's header stand: on the outer edges of the outermost cells, or on their centres (nodes).
 enum class GridRegistration { cell, node };
 
-/// One format that can be read: a row of the table of formats.
-struct GridFormat {
-    std::int32_t code;          ///< 1 ERMapper, 15 raster image with a registration; others are this program's own
-    const char * name;
-    GridRegistration registration;
-    const char * null_rule;     ///< in words, as shown to the user
-};
+struct GridFormat;
 
 /// The limits of a grid or of the part of it that is wanted: outer cell edges, in the grid's own units. Unset: west above east.
 struct GridLimits {
@@ -31,7 +22,7 @@ struct GridLimits {
 
 /// What is known of one open grid. All positions are outer cell edges whatever the format's own registration.
 struct GridHeader {
-    const GridFormat * format = nullptr; ///< null while unknown
+    const GridFormat * format = nullptr; ///< a row of grid_formats.h; null while unknown
     std::string file_name;               ///< a definition path
     std::string work_name;               ///< the working copy; a name that begins with "~" is temporary
     std::int32_t columns = 0, rows = 0;
@@ -40,10 +31,13 @@ struct GridHeader {
     double minimum = -1e32, maximum = -1e32; ///< missing while not known
     std::vector<std::string> band_names;     ///< one at least once detected
     std::int32_t band = 1;
+
+    GridRegistration registration = GridRegistration::cell; ///< of the positions in the file
+    std::optional<double> null_value;                       ///< the file's own mark of a missing value, where it has one
+    std::string fault; ///< why a file that looks like a grid or an image cannot be used; empty when it can
 };
 
-/// The statistics of a grid's values; missing values do not count. All missing when no value is left.
-struct GridStatistics {
-    double minimum = -1e32, maximum = -1e32, mean = -1e32, deviation = -1e32, median = -1e32;
-    std::int64_t count = 0, null_count = 0;
+/// A rectangle of cells, counted from 0: column 0 is the westernmost, row 0 the northernmost.
+struct GridWindow {
+    std::int32_t column = 0, row = 0, columns = 0, rows = 0;
 };

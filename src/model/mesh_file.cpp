@@ -1,7 +1,7 @@
 #include "model/mesh_file.h"
 
+#include "support/bulk_format.h"
 #include "support/file_writer.h"
-#include "support/missing.h"
 #include "support/numbers.h"
 #include "support/pattern.h"
 #include "support/text.h"
@@ -70,9 +70,11 @@ void write_topography(FileWriter & file, const UbcMesh & mesh, const NodeWindow 
     constexpr std::size_t full_line = 70;
     file.line("Topography (from lower-left by row)");
     std::string line;
+    char elevation[longest_fixed];
     for (std::int32_t y = window.y_first; y <= window.y_last; ++y) {
         for (std::int32_t x = window.x_first; x <= window.x_last; ++x) {
-            line += format_number(topo[(y - std::int64_t{ 1 }) * mesh.nodes_x.size() + x], "0.00") + "  ";
+            const float node = topo[(y - std::int64_t{ 1 }) * mesh.nodes_x.size() + x];
+            line.append(elevation, put_fixed(elevation, static_cast<double>(node), 2)).append("  ");
             if (line.size() <= full_line && x < window.x_last) continue;
             file.line(line);
             line.clear();

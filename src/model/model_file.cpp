@@ -68,7 +68,7 @@ void write_model_file(const std::string & path, const UbcMesh & mesh, const Node
         file.close();
         return;
     }
-    constexpr std::int32_t columns_at_once = 16;
+    constexpr std::int32_t columns_at_once = 32;
     const std::int64_t row_step = mesh.cells_x();
     const std::int64_t layer_step = row_step * mesh.cells_y();
     const auto number_of = [&](std::int32_t x, std::int32_t y, std::int32_t z) {

@@ -1,4 +1,5 @@
 #include "grid/grid_detection.h"
+#include "grid/grid_formats.h"
 #include "rules/box_checks.h"
 #include "rules/validation.h"
 #include "rules/validation_steps.h"
@@ -17,25 +18,24 @@ constexpr std::int32_t grid_data = 1;
 std::string & file_of(Setup & setup, int slot) { return setup.definition.data_file[static_cast<std::size_t>(slot)]; }
 bool is_set(Setup & setup, int slot) { return !trim(file_of(setup, slot)).empty(); }
 
-Status refuse_grid(const std::string & path, Host & host)
-{
-    return refuse("Gridded files are not available yet: " + file_name_of_path(path) +
-                      ". Export the grid to a point file (.xyz or .csv) and use that",
-                  host);
-}
-
-/// What a file is judged to be. Fails for a kind that the slot, or this program, cannot take.
+/// What a file is judged to be. Fails for a kind that the slot, or this program, cannot take, and for a grid that cannot be used.
 Status settle_kind(Setup & setup, int slot, Host & host)
 {
     const std::string & path = file_of(setup, slot);
     const std::string name = file_name_of_path(path);
     std::int32_t & kind = setup.definition.data_kind[static_cast<std::size_t>(slot)];
-    const bool is_grid = is_grid_file(path);
+    GridHeader header;
+    header.file_name = path;
+    const bool is_grid = detect_grid_file(header, host.dialogs) == Status::good && file_kind(header) == FileKind::grid;
     kind = is_grid ? grid_kind : same_text(file_extension_of_path(path), "GDB") ? database_kind : text_kind;
-    if (slot > topography && !is_grid) return refuse("The grid file format could not be dertermined for the file: " + name, host);
-    if (slot > topography) return Status::good;
-    if (is_grid) return refuse_grid(path, host);
-    if (kind == database_kind)
+    const std::string reason = header.fault.empty() ? "" : ": " + header.fault;
+    if (!is_grid && (slot > topography || !reason.empty()))
+        return refuse("The grid file format could not be dertermined for the file: " + name + reason, host);
+    if (slot == observed_points && is_grid)
+        return refuse("The observed data file is a grid: " + name +
+                          ". Give it as the observed data grid, with grids as the data file type",
+                      host);
+    if (slot <= topography && kind == database_kind)
         return refuse("Databases are not available here: " + name +
                           ". Export the channels to a point file (.xyz or .csv) and use that",
                       host);
@@ -180,6 +180,5 @@ Status check_grid_files(Setup & setup, Host & host)
         if (is_set(setup, row.slot) && find_slot_file(setup, row, host) != Status::good) return Status::bad;
     for (const FileSlot & row : component_slots)
         if (is_set(setup, row.slot) && check_file_definitions(setup, row.slot, host) != Status::good) return Status::bad;
-    if (is_set(setup, sensor_slot.slot) && find_and_check(setup, sensor_slot, host) != Status::good) return Status::bad;
-    return refuse_grid(file_of(setup, grid_slot.slot), host);
+    return is_set(setup, sensor_slot.slot) ? find_and_check(setup, sensor_slot, host) : Status::good;
 }

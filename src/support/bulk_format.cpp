@@ -170,7 +170,7 @@ struct Powers {
 
 /// The floats of one binary exponent: those below ten to the power `exponent` + 1, and those from there up.
 struct Binade {
-    std::uint64_t factor = 0, factor_above = 0;
+    std::array<std::uint64_t, 2> factors = {};
     int exponent = 0;
 };
 
@@ -182,8 +182,8 @@ std::array<Binade, 255> make_binades()
         const int binary_exponent = biased - 150; // of the mantissa's lowest bit
         Binade & binade = binades[static_cast<std::size_t>(biased)];
         binade.exponent = static_cast<int>(std::floor((binary_exponent + 23) * 0.30102999566398120));
-        binade.factor = powers.factor(binade.exponent, binary_exponent);
-        if (binade.exponent < last_power) binade.factor_above = powers.factor(binade.exponent + 1, binary_exponent);
+        binade.factors[0] = powers.factor(binade.exponent, binary_exponent);
+        if (binade.exponent < last_power) binade.factors[1] = powers.factor(binade.exponent + 1, binary_exponent);
     }
     return binades;
 }
@@ -238,20 +238,15 @@ char * put_exponent(char * at, float value)
     constexpr std::uint64_t turn = one_in_fraction / 2 - one_in_fraction / 2'000'000'000;
     const auto bits = std::bit_cast<std::uint32_t>(value);
     const std::uint32_t biased = (bits >> 23) & 0xFFU;
-    if (value == 0) {
-        std::memcpy(at, "0.00000E+00", 11);
-        return at + 11;
-    }
+    if (value == 0) return std::copy_n("0.00000E+00", 11, at);
     if (biased == 0 || biased == 255) return put_text(at, format_number(static_cast<double>(value), "0.00000E+00"));
 
     const Binade & binade = binades[biased];
     const std::uint64_t mantissa = (bits & 0x7FFFFFU) | 0x800000U;
-    int exponent = binade.exponent;
-    std::uint64_t scaled = scaled_mantissa(mantissa, binade.factor);
-    if (scaled >= 1'000'000 * one_in_fraction) {
-        ++exponent;
-        scaled = scaled_mantissa(mantissa, binade.factor_above);
-    }
+    // Chosen without a branch, which would be guessed wrong for one value in three.
+    const bool above = scaled_mantissa(mantissa, binade.factors[0]) >= 1'000'000 * one_in_fraction;
+    const std::uint64_t scaled = scaled_mantissa(mantissa, binade.factors[above]);
+    int exponent = binade.exponent + above;
     const std::uint64_t fraction = scaled & (one_in_fraction - 1);
     if (fraction - (turn - 4) <= 8) return put_text(at, format_number(static_cast<double>(value), "0.00000E+00"));
     auto number = static_cast<std::uint32_t>(scaled >> fraction_bits) + (fraction > turn ? 1U : 0U);

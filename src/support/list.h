@@ -21,6 +21,7 @@ public:
     void assign(std::int64_t count, T value = T()) { items_.assign(static_cast<std::size_t>(count), value); }
     void reserve(std::int64_t count) { items_.reserve(static_cast<std::size_t>(count)); }
     void push_back(T item) { items_.push_back(std::move(item)); }
+    void append(std::span<const T> more) { items_.insert(items_.end(), more.begin(), more.end()); }
     void clear() { items_.clear(); }
 
     T & operator[](std::int64_t number) { return items_[place(number)]; }

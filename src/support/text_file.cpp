@@ -7,15 +7,15 @@
 
 namespace {
 
-/// Takes the raw line at the front and its line end.
-std::string_view take_raw_line(TextFile & file)
+using LineFunction = bool (*)(std::string_view &, std::string &);
+
+bool read_line(TextFile & file, std::string & line, LineFunction read)
 {
-    const std::string_view rest = file.rest();
-    const std::size_t end = std::min(rest.find_first_of("\r\n"), rest.size());
-    std::size_t taken = std::min(end + 1, rest.size());
-    if (rest.substr(end).starts_with("\r\n")) taken = end + 2;
-    file.skip(taken);
-    return rest.substr(0, end);
+    std::string_view rest = file.rest();
+    const std::size_t size = rest.size();
+    const bool found = read(rest, line);
+    file.skip(size - rest.size());
+    return found;
 }
 
 constexpr bool is_printable(char c) { return c >= ' ' && c <= '~'; }
@@ -41,28 +41,28 @@ std::size_t printable_count(std::string_view text)
 
 }
 
-bool read_raw_line(TextFile & file, std::string & line)
+bool take_raw_line(std::string_view & text, std::string & line)
 {
-    line.clear();
-    if (file.at_end()) return false;
-    line = take_raw_line(file);
+    const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
+    line = text.substr(0, end);
+    if (text.empty()) return false;
+    text.remove_prefix(text.substr(end).starts_with("\r\n") ? end + 2 : std::min(end + 1, text.size()));
     return true;
 }
 
-bool read_text_line(TextFile & file, std::string & line)
+bool take_text_line(std::string_view & text, std::string & line)
 {
     line.clear();
-    if (file.at_end()) return false;
-    const std::string_view rest = file.rest();
+    if (text.empty()) return false;
     std::size_t at = 0;
     for (;;) {
-        const std::size_t kept = printable_count(rest.substr(at, longest_text_line - line.size()));
-        line.append(rest, at, kept);
+        const std::size_t kept = printable_count(text.substr(at, longest_text_line - line.size()));
+        line.append(text, at, kept);
         at += kept;
-        if (at == rest.size()) break;
-        const char c = rest[at];
+        if (at == text.size()) break;
+        const char c = text[at];
         if (c == '\n' || c == '\r') {
-            at += rest.substr(at).starts_with("\r\n") ? 2 : 1;
+            at += text.substr(at).starts_with("\r\n") ? 2 : 1;
             break;
         }
         // What does not fit is left for the next line; a line of just the longest length still takes its end with it.
@@ -70,9 +70,12 @@ bool read_text_line(TextFile & file, std::string & line)
         if (c == '\t') line += ' ';
         ++at;
     }
-    file.skip(at);
+    text.remove_prefix(at);
     return true;
 }
+
+bool read_raw_line(TextFile & file, std::string & line) { return read_line(file, line, take_raw_line); }
+bool read_text_line(TextFile & file, std::string & line) { return read_line(file, line, take_text_line); }
 
 bool read_nonblank_line(TextFile & file, std::string & line)
 {

@@ -3,6 +3,7 @@
 #include "support/file_bytes.h"
 
 #include <string>
+#include <string_view>
 
 /// A text file open for reading, and how far it has been read.
 class TextFile {
@@ -30,6 +31,9 @@ inline constexpr std::size_t longest_text_line = 10240;
 bool read_raw_line(TextFile & file, std::string & line);
 /// One line of printable text: a tab becomes a blank, all other bytes outside 32 to 126 are dropped.
 bool read_text_line(TextFile & file, std::string & line);
+/// The same two for a text in memory, from whose front they take the line.
+bool take_raw_line(std::string_view & text, std::string & line);
+bool take_text_line(std::string_view & text, std::string & line);
 /// The next line that is not blank, as `read_text_line` gives it.
 bool read_nonblank_line(TextFile & file, std::string & line);
 /// The next line that is neither blank nor a comment ("!" or "#" first), trimmed.

@@ -67,10 +67,10 @@ struct Reader {
     ObservedData data;
     LocationStatistics statistics;
 
-    Status read(LocationSource source, const std::string & content, ReadMode mode = ReadMode::store)
+    Status read(LocationSource source, const std::string & content, ReadMode mode = ReadMode::store, ReadShares shares = {})
     {
         if (source.file_name.empty()) source.file_name = folder.write("points of Zoë.dat", content);
-        return read_locations_file(source, mode, data, statistics, recorded.host);
+        return read_locations_file(source, mode, data, statistics, recorded.host, shares);
     }
 };
 
@@ -183,6 +183,70 @@ std::string random_text(std::mt19937 & random, std::string_view alphabet, std::s
     return text;
 }
 
+// Blocks and threads must not show.
+
+constexpr ReadShares whole{ std::size_t{ 1 } << 30, 1 };
+constexpr ReadShares shares_of_all_kinds[] = { { 1, 1 }, { 1, 3 }, { 11, 2 }, { 60, 3 }, { 700, 2 } };
+
+TEST(read_locations_file, given_any_blocks_and_threads_then_the_same)
+{
+    using Change = void (*)(LocationSource &);
+    const Change changes[] = {
+        [](auto &) {},
+        [](auto & s) { s.read_increment = 3; },
+        [](auto & s) { s.interpolation_interval = 0.5; },
+        [](auto & s) { s.line_column = s.category_column = 0; },
+        [](auto & s) { s.text_column = 0, s.value_window[0] = true; },
+        [](auto & s) { s.x_column = 5, s.line_column = 1; },
+    };
+    const char * const records[] = { "1,2,3,4,L1,a,t", "5,1,0,2,L1,b,u",    "0,0,0,1,0,b,", "0,0,0,*", "3,4,*",
+                                     "x,1,2,3,L2,c,v", "2,2,2,2,,,",        "8 8 8 8 L3 c", "",        "!",
+                                     "0,0,0,1",        "6,6,6,6,L1,c\x01,w" };
+    std::mt19937 random(4);
+    for (int i = 0; i < 60; ++i) {
+        std::string content = i % 4 == 0 ? "\xEF\xBB\xBF" : "";
+        for (int line = 0; line < 60; ++line) {
+            content += records[random() % std::size(records)];
+            content += i % 3 == 0 ? "\n" : random() % 20 == 0 ? "\r" : "\r\n";
+        }
+        LocationSource source = source_of("1 2 3 4 5", "first 2"); // the sums are exact, and some records do not reach the texts
+        source.value_column[2] = 1, source.category_column = 6, source.text_column = 7;
+        changes[random() % std::size(changes)](source);
+        const ReadMode mode = i % 5 == 0 ? ReadMode::statistics : ReadMode::store;
+        Reader expected;
+        for (Range & range : expected.statistics.value) range = { 1, 5, 0 };
+        const LocationStatistics limits = expected.statistics;
+        ASSERT_EQ(expected.read(source, content, mode, whole), Status::good);
+        for (const ReadShares & shares : shares_of_all_kinds) {
+            Reader reader;
+            reader.statistics = limits;
+            ASSERT_EQ(reader.read(source, content, mode, shares), Status::good);
+            ASSERT_EQ(reader.data, expected.data) << shares.block_size << " " << shares.threads << "\n" << content;
+            ASSERT_EQ(reader.statistics, expected.statistics) << shares.block_size << " " << shares.threads << "\n" << content;
+        }
+    }
+}
+
+TEST(read_locations_file, given_a_late_fault_or_a_stop_among_blocks_then_it_ends_the_read)
+{
+    std::string content;
+    for (int i = 0; i < 100; ++i) content += "1 2 3 4\n";
+    for (const ReadShares & shares : shares_of_all_kinds) {
+        Reader reader;
+        reader.data.point_count = 7;
+        EXPECT_EQ(reader.read(source_of(), content + "1 2 3 4e38\n" + content, ReadMode::store, shares), Status::bad);
+        EXPECT_EQ(reader.recorded.dialogs.messages,
+                  (std::vector<std::string>{
+                      "An error occurred while reading the location file : Overflow: a number is beyond single precision" }));
+        EXPECT_EQ(reader.data.point_count, 7);
+        if (shares.block_size > 11) continue; // the progress moves block by block
+        reader.recorded.progress.stop_at_percent = 50;
+        EXPECT_THROW(static_cast<void>(reader.read(source_of(), content, ReadMode::store, shares)), Stopped);
+    }
+}
+
+// The quick ways must agree with the plain procedures of support on whatever a file may hold.
+
 TEST(read_plain_number, given_any_text_then_the_same_as_number_prefix)
 {
     std::mt19937 random(1);
@@ -203,7 +267,6 @@ TEST(read_plain_number, given_any_text_then_the_same_as_number_prefix)
 TEST(line_scanner, given_any_bytes_then_the_lines_of_the_line_readers)
 {
     std::mt19937 random(2);
-    const TemporaryFolder folder;
     const std::string_view alphabets[] = { "ab,12 ", "ab\t12 \"", "ab\r1\x01\xC3", "abc" };
     for (int i = 0; i < 60; ++i) {
         std::string content;
@@ -211,13 +274,12 @@ TEST(line_scanner, given_any_bytes_then_the_lines_of_the_line_readers)
             content += random_text(random, alphabets[random() % 100 != 0 ? 0 : random() % 4], random() % 500 != 0 ? 100 : 30000);
             content += random() % 9 != 0 ? i % 2 == 0 ? "\n" : "\r\n" : "";
         }
-        TextFile file(folder.write("lines", content));
-        TextFile again(folder.file("lines"));
+        std::string_view again = content;
         const LineReader reader = i % 3 == 0 ? LineReader::raw : LineReader::printable;
-        LineScanner scanner(file, reader);
+        LineScanner scanner(content, reader);
         std::string expected;
         std::string_view line;
-        while (reader == LineReader::raw ? read_raw_line(again, expected) : read_text_line(again, expected)) {
+        while (reader == LineReader::raw ? take_raw_line(again, expected) : take_text_line(again, expected)) {
             ASSERT_TRUE(scanner.next(line));
             const bool has_mark = expected.find_first_of(",\"") != std::string::npos;
             std::string given(line);

@@ -4,6 +4,7 @@
 #include "support/numbers.h"
 
 #include <gtest/gtest.h>
+#include <map>
 #include <random>
 
 namespace {
@@ -109,6 +110,35 @@ TEST(process_inversion_data, given_more_readings_per_cell_then_all_are_kept_with
     EXPECT_TRUE(p.readings.selected.extra_value.empty());
 }
 
+TEST(select_point_readings, given_many_points_then_the_nearest_stays_the_first_of_equals_and_all_are_in_order)
+{
+    std::mt19937 random(5);
+    ObservedData points;
+    std::map<std::int32_t, std::pair<int, int>> nearest; // by cell: squared distance and number
+    for (int i = 1; i <= 50000; ++i) {
+        const int ix = static_cast<int>(random() % 4), iy = static_cast<int>(random() % 4);
+        const int right = 1 + static_cast<int>(random() % 7), up = i < 30000 ? 1 : 1 + static_cast<int>(random() % 7);
+        points.xyz[0].push_back(10 * ix + right);
+        points.xyz[1].push_back(10 * iy + up);
+        points.xyz[2].push_back(90);
+        points.value[0].push_back(static_cast<float>(i));
+        const std::pair here{ (right - 5) * (right - 5) + (up - 5) * (up - 5), i };
+        auto & best = nearest.try_emplace(4 * iy + ix + 1, here).first->second;
+        best = std::min(best, here);
+    }
+    points.point_count = points.xyz[0].size();
+    InversionDefinition definition = small_definition();
+    definition.data_values_per_cell = 2;
+    definition.sensor_min_height() = 10;
+    Processor p;
+    select_point_readings(points, definition, small_mesh(), p.topo, p.readings, p.recorded.host);
+    EXPECT_EQ(p.recorded.progress.lines, std::vector<std::string>{ "Number of data points shifted: 50000 average shift: 20.0" });
+    for (const auto & [cell, best] : nearest) EXPECT_EQ(p.readings.selected.value_1[cell], static_cast<float>(best.second));
+    EXPECT_EQ(p.readings.selected.selected_count, 16);
+    ASSERT_EQ(p.readings.all.point_count, 50000);
+    for (int i = 1; i <= 50000; ++i) ASSERT_EQ(p.readings.all.points[i].value_1, i);
+}
+
 TEST(process_inversion_data, given_the_third_column_then_the_extra_value_comes_before_the_component)
 {
     Processor p;
@@ -131,19 +161,13 @@ TEST(location_source, given_topography_then_places_alone)
     EXPECT_EQ(source.file_type, 2);
 }
 
-TEST(process_inversion_data, given_shifts_few_readings_or_grids_then_words)
+TEST(process_inversion_data, given_shifts_or_few_readings_then_words)
 {
     Processor p;
     InversionDefinition definition = small_definition("Sensor height definitions: 1 0 10");
     EXPECT_EQ(p.process(definition, "5 5 90 1\n15 5 109.5 1\n25 5 300 1\n", small_mesh()), Status::good);
     EXPECT_EQ(p.recorded.progress.lines, std::vector<std::string>{ "Number of data points shifted: 2 average shift: 10.3" });
     EXPECT_EQ(p.recorded.dialogs.messages, std::vector<std::string>{ "Warning: The number of inversion data defined is only 3" });
-
-    p.recorded.dialogs.messages.clear();
-    definition.data_file_type = 1;
-    definition.data_file[2] = "C:\\my grid.grd";
-    EXPECT_EQ(p.process(definition, "", small_mesh()), Status::bad);
-    EXPECT_EQ(p.recorded.dialogs.messages, std::vector<std::string>{ "Gridded data are not available yet: C:\\my grid.grd" });
 }
 
 TEST(cell_axis, given_any_position_then_the_cell_of_the_search)

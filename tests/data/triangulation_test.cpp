@@ -66,6 +66,21 @@ TEST(triangulation, given_a_kite_then_the_short_diagonal_is_the_edge_and_edges_a
     for (const auto & row : cases) EXPECT_DOUBLE_EQ(surface.at(row.x, row.y), row.z) << row.x << " " << row.y;
 }
 
+TEST(triangulation, given_searches_from_anywhere_then_the_same_elevations_to_the_last_digit)
+{
+    std::mt19937 random(9);
+    Points points;
+    for (int i = 0; i < 21 * 21; ++i) points.add(i % 21, i / 21, static_cast<double>(random() % 1000) / 7);
+    Triangulation surface;
+    ASSERT_TRUE(points.build(surface));
+    Triangulation::Trail trail;
+    for (int i = 0; i < 5000; ++i) { // a quarter of them on an edge of the lattice, many more on a diagonal
+        const double x = static_cast<double>(random() % 61) / 3, y = static_cast<double>(random() % 41) / 2;
+        Triangulation::Trail fresh;
+        ASSERT_EQ(surface.at(x, y, trail), surface.at(x, y, fresh)) << x << " " << y;
+    }
+}
+
 TEST(triangulation, given_fewer_than_three_directions_then_there_is_no_surface)
 {
     Triangulation surface;

@@ -133,13 +133,14 @@ TEST(check_inversion_definitions, given_a_file_that_is_not_there_then_the_user_i
     c.expect("Topo type: 1; Check_topo_type 1 = on");
 }
 
-TEST(check_inversion_definitions, given_grids_then_they_are_refused_after_the_files_have_been_found)
+TEST(check_inversion_definitions, given_grids_then_each_slot_takes_its_own)
 {
     const TemporaryFolder folder;
-    const std::string grid = folder.write("a.grd", ""), points = folder.write("a.xyz", "DSAA");
-    const std::string no_grid = "Gridded files are not available yet: a.grd. Export the grid to a point file (.xyz or .csv) ";
+    const std::string grid = folder.write("a.grd", "DSAA\n2 2\n0 1\n0 1\n1 4\n1 2\n3 4\n"),
+                      points = folder.write("a.xyz", "DSAA");
     const std::tuple<std::size_t, std::string, std::string> cases[] = {
-        { 1, grid, no_grid + "and use that" },
+        { 1, grid, "" }, // the ground too
+        { 5, grid, "" },
         { 2, "", "The observed data grid file must be specified" },
         { 2, "gone.grd", "The observed data grid file does not exist" },
         { 3, "gone.grd", "The observed data 2 grid file does not exist" },
@@ -152,8 +153,14 @@ TEST(check_inversion_definitions, given_grids_then_they_are_refused_after_the_fi
         c.record().data_file_type = 1;
         c.record().data_file[2] = grid;
         c.record().data_file[slot] = file;
-        EXPECT_EQ(c.check(), Texts{ message });
+        EXPECT_EQ(c.check(), message.empty() ? Texts{} : Texts{ message });
+        EXPECT_TRUE(!message.empty() || c.record().data_kind[slot] == 1);
     }
+    Checked c(folder);
+    c.record().data_file[0] = grid; // where points are wanted
+    EXPECT_EQ(
+        c.check(),
+        Texts{ "The observed data file is a grid: a.grd. Give it as the observed data grid, with grids as the data file type" });
 }
 
 TEST(check_inversion_definitions, given_model_files_then_they_are_found_where_the_solvers_run)
@@ -197,16 +204,4 @@ TEST(check_inversion_definitions, given_bounds_and_reference_then_what_is_in_use
         if (c.setup.in_use.model_file) used += "model ";
         EXPECT_EQ(trim(used), in_use);
     }
-}
-
-TEST(is_grid_file, given_names_and_first_bytes_then_grids_are_told_from_points)
-{
-    using namespace std::string_view_literals;
-    const TemporaryFolder folder;
-    const std::pair<const char *, std::string_view> grids[] = {
-        { "a.grd", "" }, { "a.TIFF", "" }, { "a.dat", "II*\0"sv }, { "b.dat", "NCols 3" }, { "e.dat", "\x89HDF" }
-    };
-    for (const auto & [name, content] : grids) EXPECT_TRUE(is_grid_file(folder.write(name, content))) << name;
-    for (const auto & [name, content] : { std::pair("a.xyz", "DSAA"), { "c.dat", "CDF X Y" }, { "d.dat", "" } })
-        EXPECT_FALSE(is_grid_file(folder.write(name, content))) << name;
 }

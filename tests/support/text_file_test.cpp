@@ -27,6 +27,21 @@ TEST(text_file, given_odd_line_ends_and_bytes_then_the_lines_are_printable)
     EXPECT_EQ(lines_of("\r\n \t\r\n! a\r\n  # b\r\n  1 2 \r\n\r\n", &read_data_line), "1 2|");
 }
 
+TEST(text_file, given_each_byte_at_each_place_then_only_what_can_be_printed_stays)
+{
+    std::string content, expected;
+    for (int byte = 0; byte < 256; ++byte)
+        for (std::size_t place = 0; place < 9 && byte != '\r'; ++place) {
+            std::string line = "abcdefghi";
+            line[place] = static_cast<char>(byte);
+            content += line + "\n";
+            if (byte == '\n') line[place] = '|';
+            if (byte == '\t') line[place] = ' ';
+            expected += (line[place] < ' ' || byte > 126 ? line.erase(place, 1) : line) + "|";
+        }
+    EXPECT_EQ(lines_of(content, &read_text_line), expected);
+}
+
 TEST(text_file, given_a_long_line_then_it_is_whole_up_to_its_limit)
 {
     const std::string long_line(3000, 'x'), too_long(10245, 'y');
