@@ -1,8 +1,8 @@
 #pragma once
 
+#include "data/given_mesh.h"
 #include "fakes/recorded_host.h"
 #include "fakes/temporary_folder.h"
-#include "mesh/ubc_mesh.h"
 #include "utilities/point_transform.h"
 
 #include <cstdlib>
@@ -32,23 +32,6 @@ struct GivenGrids {
     TemporaryFolder folder;
     RecordedHost recorded;
 };
-
-inline void set_axis(std::int32_t cells, List<double> & nodes, List<double> & centres)
-{
-    for (std::int32_t i = 0; i <= cells; ++i) nodes.push_back(10 * i);
-    for (std::int32_t i = 0; i < cells; ++i) centres.push_back(10 * i + 5);
-}
-
-/// Cells of 10 m from the origin, and layers from 100 m down.
-inline UbcMesh even_mesh(std::int32_t cells_x, std::int32_t cells_y, List<double> nodes_z)
-{
-    UbcMesh mesh;
-    mesh.total_cells = { cells_x, cells_y, nodes_z.size() - 1 };
-    set_axis(cells_x, mesh.nodes_x, mesh.centres_x);
-    set_axis(cells_y, mesh.nodes_y, mesh.centres_y);
-    mesh.nodes_z = std::move(nodes_z);
-    return mesh;
-}
 
 /// A quarter turn clockwise: the mesh's x is the map's y, and its y the map's x turned round.
 inline PointTransform quarter_turn()

@@ -1,7 +1,7 @@
 #include "data/cell_axis.h"
+#include "data/given_mesh.h"
 #include "data/observed_processing.h"
 #include "fakes/definition_values.h"
-#include "support/numbers.h"
 
 #include <gtest/gtest.h>
 #include <map>
@@ -9,23 +9,8 @@
 
 namespace {
 
-List<double> even_nodes(double first, double step, std::int32_t count)
-{
-    List<double> nodes(count);
-    for (std::int32_t i = 1; i <= count; ++i) nodes[i] = first + step * (i - 1);
-    return nodes;
-}
-
-/// 4 x 4 cells of 10 m from the origin with a flat top at 100 m.
-UbcMesh small_mesh(double first = 0)
-{
-    UbcMesh mesh;
-    mesh.total_cells = { 4, 4, 1 };
-    mesh.nodes_x = even_nodes(first, 10, 5);
-    mesh.nodes_y = even_nodes(0, 10, 5);
-    mesh.nodes_z = { 100, 90 };
-    return mesh;
-}
+/// 4 x 4 cells of 10 m with a flat top at 100 m.
+UbcMesh small_mesh(double west = 0) { return even_mesh(4, 4, { 100, 90 }, west); }
 
 /// x, y, z, value in columns 1 to 4; fixed sensor elevations over a flat top.
 InversionDefinition small_definition(const std::string & changes = "")
@@ -54,12 +39,11 @@ struct Processor {
 /// "cell: x y z value" of the occupied cells.
 std::string described(const SelectedData & selected)
 {
-    const auto number = [](float value) { return value < -1e30F ? std::string("*") : general_text(value); };
     std::string text;
     for (std::int32_t i = 1; i <= selected.occupied.size(); ++i) {
         if (selected.occupied[i] == 0) continue;
-        text += (text.empty() ? "" : "; ") + general_text(i) + ": " + number(selected.x[i]) + " " + number(selected.y[i]) + " " +
-                number(selected.z[i]) + " " + number(selected.value_1[i]);
+        text += (text.empty() ? "" : "; ") + general_text(i) + ": " + number_or_star(selected.x[i]) + " " +
+                number_or_star(selected.y[i]) + " " + number_or_star(selected.z[i]) + " " + number_or_star(selected.value_1[i]);
     }
     return text;
 }
@@ -85,9 +69,7 @@ TEST(process_inversion_data, given_large_coordinates_then_the_snap_is_a_metre)
 TEST(process_inversion_data, given_padding_then_four_cells_at_each_end_stay_clear)
 {
     Processor p;
-    UbcMesh mesh = small_mesh();
-    mesh.total_cells = { 10, 10, 1 };
-    mesh.nodes_x = mesh.nodes_y = even_nodes(0, 10, 11);
+    const UbcMesh mesh = even_mesh(10, 10, { 100, 90 });
     EXPECT_EQ(
         p.process(small_definition("Add mesh padding: 1 1"), "39.9 45 120 1\n40.5 45 120 2\n59.5 45 120 3\n60 45 120 4\n", mesh),
         Status::good);

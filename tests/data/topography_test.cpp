@@ -1,3 +1,4 @@
+#include "data/given_mesh.h"
 #include "data/topography.h"
 #include "fakes/case_table.h"
 #include "fakes/recorded_host.h"
@@ -8,25 +9,7 @@
 
 namespace {
 
-void set_axis(const List<double> & nodes, List<double> & centres, std::int32_t & cells)
-{
-    cells = nodes.size() - 1;
-    centres.clear();
-    for (std::int32_t i = 1; i <= cells; ++i) centres.push_back((nodes[i] + nodes[i + 1]) / 2);
-}
-
-UbcMesh mesh_of(List<double> nodes_x, List<double> nodes_y, List<double> nodes_z)
-{
-    UbcMesh mesh;
-    mesh.nodes_x = nodes_x, mesh.nodes_y = nodes_y, mesh.nodes_z = nodes_z;
-    set_axis(nodes_x, mesh.centres_x, mesh.total_cells[0]);
-    set_axis(nodes_y, mesh.centres_y, mesh.total_cells[1]);
-    set_axis(nodes_z, mesh.centres_z, mesh.total_cells[2]);
-    return mesh;
-}
-
-/// 4 by 3 by 3 cells.
-UbcMesh small_mesh() { return mesh_of({ 0, 10, 20, 30, 40 }, { 0, 10, 20, 30 }, { 100, 90, 70, 40 }); }
+UbcMesh small_mesh() { return even_mesh(4, 3, { 100, 90, 70, 40 }); }
 
 struct Point {
     double x, y, z;
@@ -174,7 +157,7 @@ TEST(topography, given_air_cells_then_the_layers_above_are_marked_and_readings_l
         { 4, 30, { 100.05F, 20, 90.2F, 20, -5 }, { 0, -1, -1, -1, -1, 0, 0, 0, -1, 0, 0, 0, 0, -1, 0 } },
         { 3, 0, { 100.1F, 100.1F, 100.1F, 100.1F, -5 }, std::vector<float>(15, 0.0F) }, // no surface: the mesh top
     };
-    const UbcMesh mesh = mesh_of({ 0, 10, 20, 30, 40, 50 }, { 0, 10 }, { 100, 90, 70, 40 });
+    const UbcMesh mesh = even_mesh(5, 1, { 100, 90, 70, 40 });
     for (const auto & row : cases) {
         RecordedHost host;
         TopoSurface topo;
@@ -193,7 +176,8 @@ TEST(topography, given_air_cells_then_the_layers_above_are_marked_and_readings_l
 
 TEST(topography, given_a_mesh_of_two_columns_then_topo_dat_is_as_the_solvers_read_it)
 {
-    const UbcMesh mesh = mesh_of({ 1000, 1010, 1030 }, { -5, 5 }, { 100, 90, 70 });
+    UbcMesh mesh = even_mesh(2, 1, { 100, 90, 70 });
+    mesh.centres_x = { 1005, 1020 }, mesh.centres_y = { 0 };
     TopoSurface topo;
     topo.point_count = 30;
     topo.cell_topo = { 95.25F, -72.00005F }; // the second as it stands in a float: -72.0000534

@@ -1,3 +1,4 @@
+#include "fakes/case_table.h"
 #include "support/bulk_format.h"
 #include "support/fault.h"
 #include "support/pattern.h"
@@ -50,18 +51,16 @@ struct Comparison {
 
 }
 
-TEST(put_exponent, given_worked_values_then_the_text_of_the_pattern)
+TEST(bulk_formats, given_worked_values_then_their_texts)
 {
-    const std::pair<float, const char *> cases[] = {
-        { 0.0F, "0.00000E+00" },
-        { -0.0F, "0.00000E+00" },
-        { 0.001953125F, "1.95313E-03" },    // two to the power -9: a half goes away from zero
-        { -1000005.0F, "-1.00001E+06" },    // the same, among whole numbers
-        { 999999.5F, "1.00000E+06" },       // the carry makes a digit more
-        { 3.40282347e38F, "3.40282E+38" },  // the largest
-        { 1.40129846e-45F, "1.40130E-45" }, // the smallest
-    };
-    for (const auto & [value, text] : cases) EXPECT_EQ(exponent_text(value), text);
+    for (const auto & [form, number, text] : cases_of<3>("bulk_format.cases")) {
+        const double value = number_in<double>(number);
+        EXPECT_EQ(form == "exponent" ? exponent_text(static_cast<float>(value))
+                  : form == "field"  ? field_text(value)
+                                     : fixed_text(value, form.back() - '0'),
+                  text)
+            << form << " of " << number;
+    }
 }
 
 TEST(put_exponent, given_each_binary_exponent_then_equal_to_the_pattern_engine)
@@ -91,19 +90,6 @@ TEST(put_exponent, given_the_neighbours_of_powers_of_ten_and_of_halves_then_equa
                 comparison.exponent(std::bit_cast<float>(std::bit_cast<std::uint32_t>(nearest) + step - 2));
         }
     EXPECT_GE(comparison.compared, 700'000);
-}
-
-TEST(put_field, given_worked_values_then_fourteen_characters)
-{
-    const std::pair<double, const char *> cases[] = {
-        { 1234.5, "     1234.5000" },
-        { -0.00001, "       -0.0000" },
-        { 0.00005, "        0.0001" }, // a little below the half as a double
-        { 9999.99995, "    10000.0000" },
-        { -123456789.5, "-123456789.500" }, // 15 characters: the last goes
-        { 123456789012345680.0, "12345678901234" },
-    };
-    for (const auto & [value, text] : cases) EXPECT_EQ(field_text(value), text);
 }
 
 TEST(put_fixed, given_values_of_all_sizes_and_halves_then_equal_to_the_pattern_engine)

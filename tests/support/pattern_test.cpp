@@ -1,41 +1,8 @@
-#include "support/fault.h"
 #include "support/pattern.h"
 
 #include <gtest/gtest.h>
-#include <limits>
-#include <vector>
 
 namespace {
-
-TEST(patterns, given_a_number_then_the_text_follows_the_pattern)
-{
-    struct {
-        const char * pattern;
-        std::vector<double> values;
-        const char * texts;
-    } const cases[] = {
-        // halves go away from zero, on the decimal text of 15 digits and not on the binary value
-        { "0", { 0.5, 2.5, -2.5, 123456789012345678.0 }, "1|3|-3|123456789012346000|" },
-        { "0.00", { 0.125, 1.005, 9.996, 0.285F }, "0.13|1.01|10.00|0.28|" }, // the float lies below
-        { "0.0000", { 0.00005, 0.000049, 0.99996 }, "0.0001|0.0000|1.0000|" },
-        // a negative number keeps its sign when nothing else is left of it
-        { "0.00", { 0, -0.0, -0.001 }, "0.00|0.00|-0.00|" },
-        // exponents; without a sign behind it the E is a letter
-        { "0.0000E+00", { 12345.678, 9.99996, 0, -1.5e-100 }, "1.2346E+04|1.0000E+01|0.0000E+00|-1.5000E-100|" },
-        { "0.0000E", { 1.25, -0.25 }, "1.2500E|-0.2500E|" },
-        // the sign takes the place of a blank; a second part brings its own
-        { " 0", { 1, -1 }, " 1|-1|" },
-        { "  0.00; -0.00", { 0.5, -0.5 }, "  0.50| -0.50|" },
-        { "0.0000E+00;-0.0000E+00", { -1e-5 }, "-1.0000E-05|" },
-        { "000000.", { 123456 }, "123456.|" },
-    };
-    for (const auto & row : cases) {
-        std::string texts;
-        for (const double value : row.values) texts += format_number(value, row.pattern) + "|";
-        EXPECT_EQ(texts, row.texts) << row.pattern;
-    }
-    EXPECT_THROW(format_number(std::numeric_limits<double>::quiet_NaN(), "0"), OverflowFault);
-}
 
 TEST(patterns, given_decimals_or_a_size_then_the_text_or_pattern)
 {

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "mesh/ubc_mesh.h"
+#include "support/missing.h"
+#include "support/numbers.h"
+
+#include <string>
+
+inline void set_axis(double first, std::int32_t cells, List<double> & nodes, List<double> & centres)
+{
+    for (std::int32_t i = 0; i <= cells; ++i) nodes.push_back(first + 10 * i);
+    for (std::int32_t i = 0; i < cells; ++i) centres.push_back(first + 10 * i + 5);
+}
+
+/// Cells of 10 m from (west, 0), and layers from 100 m down.
+inline UbcMesh even_mesh(std::int32_t cells_x, std::int32_t cells_y, List<double> nodes_z, double west = 0)
+{
+    UbcMesh mesh;
+    mesh.total_cells = { cells_x, cells_y, nodes_z.size() - 1 };
+    set_axis(west, cells_x, mesh.nodes_x, mesh.centres_x);
+    set_axis(0, cells_y, mesh.nodes_y, mesh.centres_y);
+    mesh.nodes_z = std::move(nodes_z);
+    return mesh;
+}
+
+/// The text of a number, a star when it is missing.
+template <class Number>
+std::string number_or_star(Number number)
+{
+    return is_missing(number) ? "*" : general_text(number);
+}
