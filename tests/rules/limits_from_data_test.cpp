@@ -88,16 +88,6 @@ TEST(set_limits_from_file, given_a_file_then_limits_on_multiples_of_the_cells_ar
     }
 }
 
-TEST(set_limits_from_file, given_a_grid_then_its_larger_cells_become_the_mesh_s)
-{
-    LimitsRun run;
-    run.record.data_file_type = 1;
-    take_lines("X Range: 1000 1400 20 20", run.record);
-    ASSERT_EQ(run.set(0), Status::good);
-    EXPECT_EQ(run.setup.definition.mesh_cell_size[0], 30);
-    EXPECT_EQ(run.setup.definition.mesh_cell_size[1], 100);
-}
-
 TEST(set_limits_from_file, given_a_file_that_tells_nothing_then_one_message_and_the_limits_stay)
 {
     const auto refused = [](int index, void (*change)(LimitsRun &)) {
