@@ -1,6 +1,7 @@
 #include "batch/batch_run.h"
 #include "batch/public_reader.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
@@ -25,7 +26,7 @@ TEST(worked, given_an_inversion_worked_by_hand_then_every_file_is_the_same_to_th
 {
     for (const WorkedCase & c : worked_cases) {
         SCOPED_TRACE(c.name);
-        const std::filesystem::path worked = std::filesystem::path(WORKED_FOLDER) / c.name;
+        const std::filesystem::path worked = std::filesystem::path(TEST_DATA_FOLDER "/../worked") / c.name;
         const TemporaryFolder folder;
         const BatchRun run =
             run_batch({ "create", (worked / "input" / "definition.inp").string(), "--output", host_file(folder, c.name) });
@@ -39,53 +40,31 @@ TEST(worked, given_an_inversion_worked_by_hand_then_every_file_is_the_same_to_th
     }
 }
 
-struct SurveyCase {
-    std::string name;
-    std::string definition; ///< host path
-    std::string data, model;
-    std::size_t components;
-    bool has_topo;
-    public_format::Ground ground;
-};
-
 TEST(worked, given_an_inversion_folder_then_a_reader_of_the_public_formats_finds_every_datum_in_the_mesh_and_above_ground)
 {
     namespace format = public_format;
-    using format::Ground;
-    const std::string worked = WORKED_FOLDER;
-    const std::string examples = EXAMPLES_FOLDER;
-    const SurveyCase cases[] = {
-        { "magnetic", worked + "/magnetic/input/definition.inp", "mag.obs", "model.sus", 1, true, Ground::terrain },
-        { "gravity", worked + "/gravity/input/definition.inp", "grav.obs", "model.den", 1, false, Ground::mesh_surface },
-        { "own_solver", worked + "/own_solver/input/definition.inp", "mag.obs", "model.sus", 2, true, Ground::terrain },
-        { "osborne", examples + "/osborne/osborne.inp", "mag.obs", "model.sus", 1, true, Ground::terrain },
-        { "wisconsin", examples + "/wisconsin/wisconsin.inp", "mag.obs", "model.sus", 1, true, Ground::terrain },
-        // stations on the ground, whose cells are too wide to follow it
-        { "bushveld", examples + "/bushveld/bushveld.inp", "grav.obs", "model.den", 1, true, Ground::mesh_surface },
-    };
-    for (const SurveyCase & c : cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto & [definition, readings, model, components, above] : cases_of<5>("surveys.cases")) {
+        SCOPED_TRACE(definition);
         const TemporaryFolder folder;
-        ASSERT_EQ(run_batch({ "create", c.definition, "--output", host_file(folder, c.name) }).status, 0);
-        const auto file = [&](const std::string & name) { return folder.read(c.name + "\\" + name); };
-        const format::Mesh mesh = format::read_mesh(file("mesh"));
-        EXPECT_EQ(format::read_model(file(c.model)).size(), mesh.cells());
-        const std::vector<format::Datum> data = format::read_observations(file(c.data));
+        const std::string path = TEST_DATA_FOLDER "/" + definition;
+        ASSERT_EQ(run_batch({ "create", path, "--output", host_file(folder, "out") }).status, 0);
+        const format::Mesh mesh = format::read_mesh(folder.read("out\\mesh"));
+        EXPECT_EQ(format::read_model(folder.read("out\\" + model)).size(), mesh.cells());
+        const std::vector<format::Datum> data = format::read_observations(folder.read("out\\" + readings));
         EXPECT_FALSE(data.empty());
-        EXPECT_EQ(folder.has(c.name + "\\topo.dat"), c.has_topo);
-        const std::size_t columns = mesh.x.size() - 1;
-        const std::size_t rows = mesh.y.size() - 1;
+        EXPECT_EQ(folder.has("out\\topo.dat"), above != "top");
+        const std::size_t columns = mesh.count(0), rows = mesh.count(1);
         const std::vector<double> ground =
-            c.has_topo ? format::read_ground(file("topo.dat"), mesh, c.ground) : std::vector<double>(columns * rows, mesh.z[0]);
-        for (std::size_t i = 0; i < data.size(); ++i) {
-            SCOPED_TRACE("datum " + std::to_string(i + 1));
-            const std::size_t column = format::cell_at(mesh.x, data[i].x);
-            const std::size_t row = format::cell_at(mesh.y, data[i].y);
-            ASSERT_TRUE(column < columns && row < rows) << data[i].x << " " << data[i].y;
-            EXPECT_GT(data[i].z, ground[row * columns + column]);
-            ASSERT_EQ(data[i].values.size(), c.components);
-            for (std::size_t k = 0; k < c.components; ++k)
-                EXPECT_TRUE(std::isnan(data[i].values[k]) ? data[i].errors[k] == 0 : data[i].errors[k] > 0);
+            above == "top" ? std::vector<double>(columns * rows, mesh.edges[2][0])
+                           : format::read_ground(folder.read("out\\topo.dat"), mesh, above == "terrain" ? 3 : 2);
+        for (const format::Datum & datum : data) {
+            SCOPED_TRACE(std::to_string(datum.x) + " " + std::to_string(datum.y));
+            const std::size_t column = format::cell_at(mesh.edges[0], datum.x), row = format::cell_at(mesh.edges[1], datum.y);
+            ASSERT_TRUE(column < columns && row < rows);
+            EXPECT_GT(datum.z, ground[row * columns + column]);
+            ASSERT_EQ(datum.values.size(), number_in<std::size_t>(components));
+            for (std::size_t k = 0; k < datum.values.size(); ++k)
+                EXPECT_TRUE(std::isnan(datum.values[k]) ? datum.errors[k] == 0 : datum.errors[k] > 0);
         }
     }
 }

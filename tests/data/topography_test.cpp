@@ -35,57 +35,42 @@ InversionDefinition definition_of(std::int32_t method, std::int32_t shift = 1)
     return definition;
 }
 
-const char * const too_few = "The topo data file did not contain enough data points to be meaningful";
-const char * const one_line = "All Points in the topography file are colinear";
-
-}
-
-TEST(topography, given_a_point_near_the_limits_then_it_counts_up_to_one_edge_cell_outside_and_unless_a_dummy)
+std::vector<Point> points_of(const std::string & text)
 {
-    const struct {
-        Point point;
-        bool counts;
-    } cases[] = {
-        { { -10, 15, 50 }, true },      { { -10.01, 15, 50 }, false },   { { 50, 15, 50 }, true },
-        { { 50.01, 15, 50 }, false },   { { 15, -10, 50 }, true },       { { 15, -10.01, 50 }, false },
-        { { 15, 40, 50 }, true },       { { 15, 40.01, 50 }, false },    { { 15, 15, -99999.9 }, false },
-        { { 15, 15, -9998.1 }, false }, { { 15, 15, -999.95 }, false },  { { 15, 15, -997.9 }, true },
-        { { 15, 15, -9997.9 }, true },  { { 15, 15, -100000.1 }, true }, { { 15, 15, -1e32 }, false },
-    };
-    for (const auto & row : cases) {
-        RecordedHost host;
-        TopoSurface topo;
-        const auto data = data_of({ { 1, 1, 50 }, { 39, 1, 50 }, { 1, 29, 50 }, { 39, 29, 50 }, row.point });
-        const Status status = interpolate_topo_points(data, definition_of(3), small_mesh(), topo, host.host);
-        EXPECT_EQ(status, row.counts ? Status::good : Status::bad);
-        EXPECT_EQ(host.dialogs.messages, row.counts ? std::vector<std::string>() : std::vector<std::string>{ too_few });
-        EXPECT_EQ(topo.point_count, row.counts ? 26 : 0) << row.point.x << " " << row.point.y << " " << row.point.z;
-        EXPECT_EQ(topo.frame_count, row.counts ? 21 : 0); // (5 + 4) * 2 + 3
+    std::vector<Point> points;
+    for (const std::string & part : parts_of(text, ';')) {
+        const auto words = parts_of(part, ' ');
+        const double z = number_in<double>(words.back());
+        if (words[0] == "corners")
+            points.insert(points.end(), { { 1, 1, z }, { 39, 1, z }, { 1, 29, z }, { 39, 29, z } });
+        else
+            points.push_back({ number_in<double>(words.at(0)), number_in<double>(words.at(1)), z });
     }
+    return points;
 }
 
-TEST(topography, given_points_on_one_line_then_the_message_and_an_earlier_surface_stays)
+}
+
+TEST(topography, given_points_then_those_that_count_make_a_surface_or_are_refused)
 {
-    const struct {
-        Point first, step;
-        double off; ///< of the third point in y
-        bool line;
-    } cases[] = { { { 5, 5, 50 }, { 5, 0, 1 }, 0, true },
-                  { { 5, 5, 50 }, { 0, 5, 1 }, 0, true },
-                  { { 0.1, 0.2, 50 }, { 0.1, 0.3, 1 }, 0, true },
-                  { { 5, 5, 50 }, { 0, 0, 0 }, 0, true },
-                  { { 5, 5, 50 }, { 5, 0, 1 }, 0.001, false } };
-    for (const auto & row : cases) {
+    for (const auto & [method, text, outcome, air] : cases_of<4>("topo_points.cases")) {
+        SCOPED_TRACE(method + " | " + text);
         RecordedHost host;
         TopoSurface topo;
         topo.cell_topo = { 7 };
-        std::vector<Point> points;
-        for (int i = 0; i < 6; ++i)
-            points.push_back({ row.first.x + i * row.step.x, row.first.y + i * row.step.y + (i == 2 ? row.off : 0), 50 });
-        const Status status = interpolate_topo_points(data_of(points), definition_of(3), small_mesh(), topo, host.host);
-        EXPECT_EQ(status, row.line ? Status::bad : Status::good) << row.step.x << " " << row.step.y;
-        EXPECT_EQ(host.dialogs.messages, row.line ? std::vector<std::string>{ one_line } : std::vector<std::string>());
-        EXPECT_EQ(topo.cell_topo.size(), row.line ? 1 : 12);
+        const auto points = points_of(text);
+        const Status status =
+            interpolate_topo_points(data_of(points), definition_of(number_in(method)), small_mesh(), topo, host.host);
+        const bool good = outcome == "good";
+        EXPECT_EQ(status, good ? Status::good : Status::bad);
+        const char * const message = outcome == "few" ? "The topo data file did not contain enough data points to be meaningful"
+                                                      : "All Points in the topography file are colinear";
+        EXPECT_EQ(host.dialogs.messages, good ? std::vector<std::string>{} : std::vector<std::string>{ message });
+        EXPECT_EQ(topo.frame_count, good ? 21 : 0); // (5 + 4) * 2 + 3
+        EXPECT_EQ(topo.point_count, good ? static_cast<std::int32_t>(points.size()) + 21 : 0);
+        EXPECT_EQ(topo.cell_topo.size(), good ? 12 : 1); // an earlier surface stays
+        EXPECT_EQ(topo.node_topo.size(), good && method == "4" ? 20 : 0);
+        EXPECT_TRUE(air.empty() || topo.air_cells == List<std::int32_t>(12, number_in(air)));
     }
 }
 
@@ -111,24 +96,6 @@ TEST(topography, given_points_on_a_slope_then_every_cell_and_node_lies_on_it_and
     EXPECT_NEAR(topo.cell_topo[12], 30, 5);
     for (const float z : topo.cell_topo.items()) EXPECT_TRUE(z >= 10 && z <= 50) << z;
     EXPECT_TRUE(topo.node_topo.empty());
-}
-
-TEST(topography, given_level_ground_then_the_air_cells_follow_from_the_nodes)
-{
-    const struct {
-        double ground;
-        std::int32_t method, air;
-    } cases[] = { { 120, 3, 0 }, { 100, 3, 0 }, { 99, 3, 1 }, { 90, 3, 1 }, { 89.9, 3, 2 },
-                  { 70, 0, 2 },  { 40, 1, 3 },  { 39, 2, 3 }, { 39, 4, 0 }, { 89, 4, 0 } };
-    for (const auto & row : cases) {
-        RecordedHost host;
-        TopoSurface topo;
-        const double z = row.ground;
-        const auto data = data_of({ { 1, 1, z }, { 39, 1, z }, { 1, 29, z }, { 39, 29, z }, { 20, 15, z } });
-        ASSERT_EQ(interpolate_topo_points(data, definition_of(row.method), small_mesh(), topo, host.host), Status::good);
-        EXPECT_EQ(topo.air_cells, List<std::int32_t>(12, row.air)) << row.ground << " method " << row.method;
-        EXPECT_EQ(topo.node_topo.size(), row.method == 4 ? 20 : 0);
-    }
 }
 
 TEST(topography, given_a_stop_or_a_fault_then_the_stop_passes_and_the_fault_is_told)
