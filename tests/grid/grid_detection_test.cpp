@@ -64,6 +64,8 @@ void write_ers_data(const TemporaryFolder & folder)
     for (const char * name : { "f", "meters", "cell", "rotated", "unplaced", "no_rows", "negative" })
         folder.write(name, ers_values);
     folder.write("cut", ers_values.substr(1));
+    folder.write("cut.hdr", "ENVI\nsamples = 3\nlines = 2\nbands = 1\ndata type = 4\nbyte order = 0\n"
+                            "map info = {Arbitrary, 1, 1, 95, 230, 10, 20, 0, North}\n");
 }
 
 /// The values at the centres of the cells, and half a cell further out at the south west corner.
@@ -123,10 +125,12 @@ TEST(detect_grid_file, given_a_grid_that_cannot_be_used_then_the_reason_names_wh
         { "swapped.grd", with(surfer_text, "200 220", "220 200"), invalid, "its cell size is not above 0" },
         { "negative.asc", with(with(arc_text, "dx 10\n", "cellsize -10\n"), "dy 20\n", ""), invalid,
           "its cell size is not above 0" },
+        { "cut.img", ers_values.substr(1), failed, cut_short }, // its header is longer than all its values
         { "huge.grd", with(surfer_text, "3 2", "30000 20000"), failed, cut_short },
         { "cut.nc", netcdf().substr(0, netcdf().size() - 4), failed, cut_short },
         { "uneven.nc", netcdf("x", "y", { 200, 220 }, { 4, 5, 6, 1, 2, -7 }, { 100, 111, 120 }), failed,
           "its coordinates do not run in equal steps" },
+        { "N46E009.hgt", std::string(2UL * 1201 * 1201 - 2, '\0'), failed, "it holds fewer or more values than a tile" },
         { "no_cells.gxf", gxf("", "", "0\n#ROWS\n2"), failed, "it has no cells" },
         { "no_step.gxf", with(gxf("1 2 3 4 5 6"), "#RWSEPARATION", "#OTHER"), failed, "its header gives no #RWSEPARATION" },
         { "rotated.gxf", gxf("1 2 3 4 5 6", "#ROTATION\n30\n"), failed,
