@@ -18,6 +18,7 @@
 namespace {
 
 constexpr double surfer_null = 1.70141e38;
+constexpr double arc_default_null = -9999; // of a header without NODATA_value, by the format; GDAL knows none then
 constexpr const char * no_position = "it has no position: neither coordinates nor cell sizes are given";
 constexpr const char * cut_short = "it is cut short: it holds fewer values than its header says";
 constexpr const char * rotated = "it is rotated, and only grids along the axes can be read";
@@ -230,6 +231,7 @@ private:
         int given = 0;
         const double value = GDALGetRasterNoDataValue(band_, &given);
         if (given != 0 && !std::isnan(value)) header_.null_value = value;
+        if (given == 0 && is_driver(*header_.format, "AAIGrid")) header_.null_value = arc_default_null;
         if (!header_.null_value) return;
         null_ = *header_.null_value;
         if (GDALGetRasterDataType(band_) == GDT_Float32 && std::abs(null_) < 3e38)
