@@ -47,6 +47,7 @@ const FormatCase format_cases[] = {
     { "h.gxf", gxf("4 5 6\n1 2 -1e12\n", "#DUMMY\n-1e12\n"), "GXF", "node",
       "#DUMMY of the header and ! in packed values (-1000000000000); any value at or below -1E+30" },
     { "dummy_is_a_prefix.gxf", gxf("-6 -5 -4\n-9 -8 -1\n", "#DUMMY\n-1\n#TRANSFORM\n1 10\n"), "GXF" },
+    { "short.gxf", with(with(gxf("4 5 6\n1 2 -7\n", "#DUMM\n-7\n"), "#POINTS", "#POIN"), "#RWSEPARATION", "#RWSE"), "GXF" },
     { "rows_from_north.gxf", gxf("1 2 *\n4 5 6\n", "#SENSE\n-2\n#DUMMY\n*\n"), "GXF" },
     { "columns.gxf", gxf("4 1\n5 2\n6 -1e32\n", "#SENSE\n-1\n", "2\n#ROWS\n3", "20\n#RWSEPARATION\n10"), "GXF" },
     { "from_the_right.gxf", gxf("-1e32 2 1\n6 5 4\n", "#SENSE\n3\n"), "GXF" },
