@@ -14,19 +14,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cpl_string.h>
-#include <filesystem>
 
 namespace {
 
 constexpr double surfer_null = 1.70141e38;
+constexpr double arc_default_null = -9999; // of a header without NODATA_value, by the format; GDAL knows none then
 constexpr const char * no_position = "it has no position: neither coordinates nor cell sizes are given";
 constexpr const char * cut_short = "it is cut short: it holds fewer values than its header says";
 constexpr const char * rotated = "it is rotated, and only grids along the axes can be read";
-
-struct FreeList {
-    void operator()(char ** list) const { CSLDestroy(list); }
-};
 
 std::vector<const char *> grid_drivers()
 {
@@ -123,7 +118,7 @@ public:
     {
         header_.format = grid_format_of_driver(driver);
         choose_band(driver, band);
-        if (is_picture(dataset_.get())) throw Fault("it is a picture and not a grid of values");
+        if (is_picture(dataset_.get())) throw Fault(picture_fault);
         header_.columns = GDALGetRasterXSize(dataset_.get());
         header_.rows = GDALGetRasterYSize(dataset_.get());
         check_body();
@@ -186,18 +181,12 @@ private:
     {
         const BodySize body = header_.format->body;
         if (body == BodySize::packed) return;
-        const std::unique_ptr<char *, FreeList> files(GDALGetFileList(dataset_.get()));
-        std::uintmax_t largest =
-            FileBytes(header_.format->code == ermapper_code ? read_ers_header(path_).data_file : path_).text().size();
-        for (int i = 0; i < CSLCount(files.get()) && header_.format->code != ermapper_code; ++i) {
-            std::error_code error;
-            const std::uintmax_t size = std::filesystem::file_size(files.get()[i], error);
-            if (!error) largest = std::max(largest, size);
-        }
+        // Not the largest of all files that belong to it: beside a small grid the header is larger than the values.
+        const std::string values = header_.format->code == ermapper_code ? read_ers_header(path_).data_file : path_;
         const int bytes = body == BodySize::text ? 2 : GDALGetDataTypeSizeBytes(GDALGetRasterDataType(band_));
         const double bands = body == BodySize::text ? 1 : GDALGetRasterCount(dataset_.get());
         const double least = double{ 1 } * header_.columns * header_.rows * bytes * bands - (body == BodySize::text ? 1 : 0);
-        if (static_cast<double>(largest) < least) throw Fault(cut_short);
+        if (static_cast<double>(FileBytes(values).text().size()) < least) throw Fault(cut_short);
     }
 
     void take_position()
@@ -242,6 +231,7 @@ private:
         int given = 0;
         const double value = GDALGetRasterNoDataValue(band_, &given);
         if (given != 0 && !std::isnan(value)) header_.null_value = value;
+        if (given == 0 && is_driver(*header_.format, "AAIGrid")) header_.null_value = arc_default_null;
         if (!header_.null_value) return;
         null_ = *header_.null_value;
         if (GDALGetRasterDataType(band_) == GDT_Float32 && std::abs(null_) < 3e38)

@@ -19,10 +19,10 @@ constexpr std::string_view point_extensions[] = { "XYZ", "CSV", "OBS" };
 constexpr std::string_view picture_extensions[] = { "BMP", "JPG", "JPEG", "GIF", "PNG", "TGA" }; // never tried as grids
 constexpr std::string_view tiff_extensions[] = { "TIF", "TIFF" };                                // both are possible
 
-template <class Texts>
-bool contains(const Texts & texts, const std::string & text)
+template <class Items, class Item>
+bool contains(const Items & items, const Item & item)
 {
-    return std::ranges::find(texts, text) != std::end(texts);
+    return std::ranges::find(items, item) != std::end(items);
 }
 
 /// Takes all but what is the caller's own.
@@ -34,12 +34,24 @@ void take_header(const GridHeader & found, GridHeader & header)
     header.work_name = work;
 }
 
-/// An SRTM tile holds nothing but squares of 16-bit values; its position is in its name alone.
-bool is_unplaced_hgt(const std::string & path)
+/// N46E008 and the like: the south west corner of an SRTM tile.
+bool gives_tile_position(const std::string & name)
+{
+    constexpr std::string_view pattern = "NddEddd";
+    if (name.size() < pattern.size() || (name[0] != 'N' && name[0] != 'S') || (name[3] != 'E' && name[3] != 'W')) return false;
+    for (std::size_t i = 0; i < pattern.size(); ++i)
+        if (pattern[i] == 'd' && (name[i] < '0' || name[i] > '9')) return false;
+    return true;
+}
+
+/// An SRTM tile holds nothing but squares of 16-bit values, and its position is in its name alone; one that is known by neither
+/// is no tile.
+std::string hgt_fault(const std::string & path)
 {
     constexpr std::size_t sizes[] = { 2UL * 1201 * 1201, 2UL * 1801 * 3601, 2UL * 3601 * 3601 };
-    return same_text(file_extension_of_path(path), "HGT") &&
-           std::ranges::find(sizes, FileBytes(path).text().size()) != std::end(sizes);
+    if (!same_text(file_extension_of_path(path), "HGT")) return "";
+    if (gives_tile_position(upper_case(file_name_of_path(path)))) return "it holds fewer or more values than a tile";
+    return contains(sizes, FileBytes(path).text().size()) ? "its name gives no position, as N46E008.hgt would" : "";
 }
 
 Status detect_grid(GridHeader & header)
@@ -51,8 +63,7 @@ Status detect_grid(GridHeader & header)
         fault = header_fault(header);
     }
     header.fault = fault;
-    if (!source && fault.empty() && is_unplaced_hgt(header.file_name))
-        header.fault = "its name gives no position, as N46E008.hgt would";
+    if (!source && fault.empty()) header.fault = hgt_fault(header.file_name);
     return source && fault.empty() ? Status::good : Status::bad;
 }
 
@@ -90,8 +101,12 @@ Status detect_content(GridHeader & header)
     if (contains(point_extensions, extension)) return Status::bad;
     if (contains(picture_extensions, extension)) return detect_image(header);
     const Status status = detect_grid(header);
-    return status != Status::good && header.format == nullptr && contains(tiff_extensions, extension) ? detect_image(header)
-                                                                                                      : status;
+    if (status == Status::good || header.format != nullptr || !contains(tiff_extensions, extension)) return status;
+    const std::string grid_fault = header.fault;
+    const Status image_status = detect_image(header);
+    // What is wrong with a grid says more than that nothing lies beside it.
+    if (image_status != Status::good && !grid_fault.empty() && grid_fault != picture_fault) header.fault = grid_fault;
+    return image_status;
 }
 
 }

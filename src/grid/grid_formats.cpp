@@ -14,7 +14,7 @@ constexpr GridFormat formats[] = {
     { 3, "Surfer 6 binary grid", "GSBG", node, "values of 1.70141E+38 and above", BodySize::raw },
     { 4, "Surfer 7 binary grid", "GS7BG", node, "the header's blank value and values of 1.70141E+38 and above", BodySize::raw },
     { 5, "GeoTIFF", "GTiff", cell, "the no-data tag", BodySize::packed },
-    { 6, "Arc ASCII grid", "AAIGrid", cell, "NODATA_value of the header", BodySize::text },
+    { 6, "Arc ASCII grid", "AAIGrid", cell, "NODATA_value of the header, else -9999", BodySize::text },
     { 7, "netCDF", "netCDF", node, "_FillValue or missing_value of the variable", BodySize::packed },
     { 8, "SRTM", "SRTMHGT", node, "-32768", BodySize::raw },
     { 9, "GXF", "", node, "#DUMMY of the header and ! in packed values", BodySize::packed },

@@ -25,6 +25,9 @@ struct GridFormat {
 
 inline constexpr std::int32_t ermapper_code = 1, image_code = 15;
 
+/// The reason why a picture is not taken for data.
+inline constexpr const char * picture_fault = "it is a picture and not a grid of values";
+
 /// All formats of grids, and the registered image as the last one.
 std::span<const GridFormat> grid_formats();
 

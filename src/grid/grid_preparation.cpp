@@ -106,7 +106,7 @@ Status check_grid(GridHeader & header, Dialogs & dialogs)
     const bool is_there = !find_file(header.file_name).empty();
     if (is_there && detect_grid_file(header, dialogs) == Status::good) {
         if (file_kind(header) == FileKind::grid) return Status::good;
-        header.fault = "it is a picture and not a grid of values";
+        header.fault = picture_fault;
         header.format = nullptr;
     }
     if (header.format != nullptr) return refuse("The specified grid is invalid", header, header.fault, dialogs);

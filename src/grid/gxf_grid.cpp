@@ -16,7 +16,10 @@ namespace {
 constexpr std::int32_t gxf_code = 9;
 constexpr std::size_t longest_header = 1 << 16;
 
-using Entries = std::map<std::string, std::string>; // keyword in capitals, the line behind it
+using Entries = std::map<std::string, std::string>; // start of the keyword in capitals, the line behind it
+
+/// Keywords are told apart by their first four letters, and some writers give no more: #POIN, #DUMM.
+std::string start_of(const std::string & keyword) { return keyword.substr(0, 4); }
 
 std::string_view take_line(std::string_view & text)
 {
@@ -40,7 +43,7 @@ std::optional<Entries> take_header(std::string_view & text)
             keyword = upper_case(line.substr(1));
             if (keyword == "GRID") return entries;
         } else if (!keyword.empty() && !line.empty()) {
-            entries.emplace(keyword, line);
+            entries.emplace(start_of(keyword), line);
         }
     }
     return std::nullopt;
@@ -48,7 +51,7 @@ std::optional<Entries> take_header(std::string_view & text)
 
 std::string entry(const Entries & entries, const std::string & keyword, const std::string & otherwise)
 {
-    const auto found = entries.find(keyword);
+    const auto found = entries.find(start_of(keyword));
     return found == entries.end() ? otherwise : found->second;
 }
 
@@ -200,7 +203,7 @@ bool is_gxf_grid(const std::string & path)
     const FileBytes file(path);
     std::string_view text = file.text();
     const auto entries = take_header(text);
-    return entries && entries->contains("POINTS") && entries->contains("ROWS");
+    return entries && entries->contains(start_of("POINTS")) && entries->contains("ROWS");
 }
 
 std::unique_ptr<GridSource> open_gxf_grid(const std::string & path) { return std::make_unique<GxfGrid>(path); }

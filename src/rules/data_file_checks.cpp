@@ -26,7 +26,9 @@ Status settle_kind(Setup & setup, int slot, Host & host)
     std::int32_t & kind = setup.definition.data_kind[static_cast<std::size_t>(slot)];
     GridHeader header;
     header.file_name = path;
-    const bool is_grid = detect_grid_file(header, host.dialogs) == Status::good && file_kind(header) == FileKind::grid;
+    const bool is_known = detect_grid_file(header, host.dialogs) == Status::good;
+    const bool is_grid = is_known && file_kind(header) == FileKind::grid;
+    if (is_known && !is_grid) header.fault = picture_fault;
     kind = is_grid ? grid_kind : same_text(file_extension_of_path(path), "GDB") ? database_kind : text_kind;
     const std::string reason = header.fault.empty() ? "" : ": " + header.fault;
     if (!is_grid && (slot > topography || !reason.empty()))

@@ -29,7 +29,9 @@ const FormatCase format_cases[] = {
     { "b.grd", surfer_6, "Surfer 6 binary grid" },
     { "c.grd", surfer_7, "Surfer 7 binary grid", "node",
       "the header's blank value and values of 1.70141E+38 and above (-99); any value at or below -1E+30" },
-    { "d.asc", arc_text, "Arc ASCII grid", "cell", "NODATA_value of the header (-9999); any value at or below -1E+30" },
+    { "d.asc", arc_text, "Arc ASCII grid", "cell",
+      "NODATA_value of the header, else -9999 (-9999); any value at or below -1E+30" },
+    { "default.asc", with(arc_text, "NODATA_value -9999\n", ""), "Arc ASCII grid", "cell" },
     { "e.asc", centres, "Arc ASCII grid" },
     { "mark.asc", "\xEF\xBB\xBF" + arc_text, "Arc ASCII grid", "cell" },
     { "f.ers", ers_header, "ERMapper", "cell", "NullCellValue of the header (-99.5); any value at or below -1E+30" },
@@ -45,6 +47,7 @@ const FormatCase format_cases[] = {
     { "h.gxf", gxf("4 5 6\n1 2 -1e12\n", "#DUMMY\n-1e12\n"), "GXF", "node",
       "#DUMMY of the header and ! in packed values (-1000000000000); any value at or below -1E+30" },
     { "dummy_is_a_prefix.gxf", gxf("-6 -5 -4\n-9 -8 -1\n", "#DUMMY\n-1\n#TRANSFORM\n1 10\n"), "GXF" },
+    { "short.gxf", with(with(gxf("4 5 6\n1 2 -7\n", "#DUMM\n-7\n"), "#POINTS", "#POIN"), "#RWSEPARATION", "#RWSE"), "GXF" },
     { "rows_from_north.gxf", gxf("1 2 *\n4 5 6\n", "#SENSE\n-2\n#DUMMY\n*\n"), "GXF" },
     { "columns.gxf", gxf("4 1\n5 2\n6 -1e32\n", "#SENSE\n-1\n", "2\n#ROWS\n3", "20\n#RWSEPARATION\n10"), "GXF" },
     { "from_the_right.gxf", gxf("-1e32 2 1\n6 5 4\n", "#SENSE\n3\n"), "GXF" },
@@ -64,6 +67,8 @@ void write_ers_data(const TemporaryFolder & folder)
     for (const char * name : { "f", "meters", "cell", "rotated", "unplaced", "no_rows", "negative" })
         folder.write(name, ers_values);
     folder.write("cut", ers_values.substr(1));
+    folder.write("cut.hdr", "ENVI\nsamples = 3\nlines = 2\nbands = 1\ndata type = 4\nbyte order = 0\n"
+                            "map info = {Arbitrary, 1, 1, 95, 230, 10, 20, 0, North}\n");
 }
 
 /// The values at the centres of the cells, and half a cell further out at the south west corner.
@@ -123,10 +128,12 @@ TEST(detect_grid_file, given_a_grid_that_cannot_be_used_then_the_reason_names_wh
         { "swapped.grd", with(surfer_text, "200 220", "220 200"), invalid, "its cell size is not above 0" },
         { "negative.asc", with(with(arc_text, "dx 10\n", "cellsize -10\n"), "dy 20\n", ""), invalid,
           "its cell size is not above 0" },
+        { "cut.img", ers_values.substr(1), failed, cut_short }, // its header is longer than all its values
         { "huge.grd", with(surfer_text, "3 2", "30000 20000"), failed, cut_short },
         { "cut.nc", netcdf().substr(0, netcdf().size() - 4), failed, cut_short },
         { "uneven.nc", netcdf("x", "y", { 200, 220 }, { 4, 5, 6, 1, 2, -7 }, { 100, 111, 120 }), failed,
           "its coordinates do not run in equal steps" },
+        { "N46E009.hgt", std::string(2UL * 1201 * 1201 - 2, '\0'), failed, "it holds fewer or more values than a tile" },
         { "no_cells.gxf", gxf("", "", "0\n#ROWS\n2"), failed, "it has no cells" },
         { "no_step.gxf", with(gxf("1 2 3 4 5 6"), "#RWSEPARATION", "#OTHER"), failed, "its header gives no #RWSEPARATION" },
         { "rotated.gxf", gxf("1 2 3 4 5 6", "#ROTATION\n30\n"), failed,
