@@ -133,8 +133,8 @@ std::string no_data_text(const Run & run)
 {
     const auto & file = run.definition.data_file;
     if (run.definition.data_file_type != 0)
-        return "the data grid " + file[2] + (file[5].empty() ? "" : " and the sensor grid " + file[5]) +
-               " have no value at the centre of any cell in the core of the mesh. Check the mesh limits and the nulls of the "
+        return "the data grid " + file[2] + (file[5].empty() ? " has" : " and the sensor grid " + file[5] + " have") +
+               " no value at the centre of any cell in the core of the mesh. Check the mesh limits and the nulls of the "
                "grid";
     return "none of the " + general_text(run.readings.read_count) + " readings of the observed data file " + file[0] +
            " can be used: none that has a value and a position lies over the core of the mesh. Check the columns and the mesh "

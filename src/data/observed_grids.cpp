@@ -115,8 +115,15 @@ Status take_values(const InversionDefinition & definition, const UbcMesh & mesh,
 {
     MeshGrids grids(mesh, definition.coordinate_transform);
     const auto count = static_cast<std::size_t>(std::clamp(definition.obs_data_type_count, 1, most_grids));
-    for (std::size_t grid = 0; grid < count; ++grid)
-        if (grids.add(definition.data_file.at(first_grid_slot + grid), host.dialogs) != Status::good) return Status::bad;
+    for (std::size_t grid = 0; grid < count; ++grid) {
+        const std::string & file = definition.data_file.at(first_grid_slot + grid);
+        if (file.empty()) {
+            host.dialogs.message("Failed to determine grid format: no grid is named for data component " +
+                                 general_text(static_cast<std::int32_t>(grid + 1)));
+            return Status::bad;
+        }
+        if (grids.add(file, host.dialogs) != Status::good) return Status::bad;
+    }
 
     const bool is_padded = definition.add_padding_cells != 0;
     const CellRun columns = taking_cells(mesh.cells_x(), is_padded);

@@ -37,7 +37,6 @@ void PointGatherer::take(const PointBlock & block)
         append_filled_in(block, first_line);
     else
         append(block, first_line);
-    update(texts_.line, block.texts.line);
     update(texts_.category, block.texts.category);
     update(texts_.text, block.texts.text);
 }

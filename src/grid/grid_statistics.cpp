@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 
 namespace {
 
@@ -66,7 +67,7 @@ Status grid_statistics(const GridHeader & header, Median median, GridStatistics 
         statistics.median = median_of(all);
         return Status::good;
     } catch (const Fault & fault) {
-        dialogs.message(fault.what());
+        dialogs.message(std::string("There was an error calculating the grid file statistics: ") + fault.what());
         return Status::bad;
     }
 }

@@ -26,7 +26,6 @@ constexpr std::int32_t red = 255;
 
 void show_transform(Setup & setup)
 {
-    setup.current_transform = setup.definition.coordinate_transform;
     setup.form["Command_define_coordinate_transform"].back_colour =
         setup.definition.coordinate_transform.in_use ? red : Control::window_colour;
 }

@@ -143,7 +143,6 @@ Status check_file_definitions(Setup & setup, int slot, Host & host)
     }
     if (take_elevation_offset(setup, slot, host) != Status::good) return Status::bad;
     normalise_point_transform(setup.definition.coordinate_transform);
-    setup.current_transform = setup.definition.coordinate_transform;
     return Status::good;
 }
 

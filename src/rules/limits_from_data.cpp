@@ -12,6 +12,7 @@
 #include "utilities/rotated_extents.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace {
 
@@ -24,6 +25,18 @@ struct FileExtent {
     float mean = 0;                ///< of the first value
     double cell_x = 0, cell_y = 0; ///< of a grid, 0 for points
 };
+
+/// Elevations as the transform gives them to points; grids keep theirs.
+void move_elevations(const PointTransform & transform, float & lowest, float & highest)
+{
+    if (!transform.in_use || lowest > highest) return; // or no elevation was found
+    const auto moved = [&](float elevation) {
+        double x = 0, y = 0, z = static_cast<double>(elevation);
+        apply_point_transform(transform, TransformDirection::forward, x, y, z);
+        return to_f32(z);
+    };
+    std::tie(lowest, highest) = std::minmax({ moved(lowest), moved(highest) });
+}
 
 Status point_extent(const InversionDefinition & definition, int slot, FileExtent & extent, Host & host)
 {
@@ -40,6 +53,7 @@ Status point_extent(const InversionDefinition & definition, int slot, FileExtent
     extent.plan = { statistics.minimum_x, statistics.maximum_x, statistics.minimum_y, statistics.maximum_y };
     extent.lowest = statistics.z.minimum;
     extent.highest = statistics.z.maximum;
+    move_elevations(definition.coordinate_transform, extent.lowest, extent.highest);
     extent.mean = statistics.value[0].mean;
     return Status::good;
 }
@@ -55,7 +69,7 @@ Status grid_extent(const std::string & path, FileExtent & extent, Host & host)
     GridStatistics statistics;
     if (grid_statistics(header, Median::left_out, statistics, host.dialogs) != Status::good) return Status::bad;
     if (statistics.count == 0) {
-        host.dialogs.message("There was an error calculating the grid file statistics");
+        host.dialogs.message("There was an error calculating the grid file statistics: " + path + " holds no value");
         return Status::bad;
     }
     extent.plan = { header.limits.west, header.limits.east, header.limits.south, header.limits.north };

@@ -16,5 +16,4 @@ struct Setup {
     InUse in_use;
     Padding padding;
     UbcMesh design_mesh;
-    PointTransform current_transform; ///< the transform in force for readers
 };

@@ -104,6 +104,10 @@ TEST(process_inversion_data, given_a_grid_that_fails_or_a_stop_then_no_working_c
         EXPECT_EQ(run.recorded.dialogs.messages, std::vector<std::string>{ message });
         EXPECT_FALSE(run.has_working_copies());
     }
+    GridRun unnamed;
+    unnamed.definition.obs_data_type_count = 2;
+    EXPECT_EQ(unnamed.process(), Status::bad);
+    EXPECT_EQ(unnamed.recorded.dialogs.messages.at(0), "Failed to determine grid format: no grid is named for data component 2");
     GridRun run;
     run.definition.data_file[5] = run.definition.data_file[2];
     run.recorded.progress.stop_at_percent = 50;

@@ -97,9 +97,9 @@ TEST(select_point_readings, given_many_points_then_the_nearest_stays_the_first_o
     std::mt19937 random(5);
     ObservedData points;
     std::map<std::int32_t, std::pair<int, int>> nearest; // by cell: squared distance and number
-    for (int i = 1; i <= 50000; ++i) {
+    for (int i = 1; i <= 100000; ++i) {
         const int ix = static_cast<int>(random() % 4), iy = static_cast<int>(random() % 4);
-        const int right = 1 + static_cast<int>(random() % 7), up = i < 30000 ? 1 : 1 + static_cast<int>(random() % 7);
+        const int right = 1 + static_cast<int>(random() % 7), up = i < 60000 ? 1 : 1 + static_cast<int>(random() % 7);
         points.xyz[0].push_back(10 * ix + right);
         points.xyz[1].push_back(10 * iy + up);
         points.xyz[2].push_back(90);
@@ -114,11 +114,11 @@ TEST(select_point_readings, given_many_points_then_the_nearest_stays_the_first_o
     definition.sensor_min_height() = 10;
     Processor p;
     select_point_readings(points, definition, small_mesh(), p.topo, p.readings, p.recorded.host);
-    EXPECT_EQ(p.recorded.progress.lines, std::vector<std::string>{ "Number of data points shifted: 50000 average shift: 20.0" });
+    EXPECT_EQ(p.recorded.progress.lines, std::vector<std::string>{ "Number of data points shifted: 100000 average shift: 20.0" });
     for (const auto & [cell, best] : nearest) EXPECT_EQ(p.readings.selected.value_1[cell], static_cast<float>(best.second));
     EXPECT_EQ(p.readings.selected.selected_count, 16);
-    ASSERT_EQ(p.readings.all.point_count, 50000);
-    for (int i = 1; i <= 50000; ++i) ASSERT_EQ(p.readings.all.points[i].value_1, i);
+    ASSERT_EQ(p.readings.all.point_count, 100000);
+    for (int i = 1; i <= 100000; ++i) ASSERT_EQ(p.readings.all.points[i].value_1, i);
 }
 
 TEST(process_inversion_data, given_the_third_column_then_the_extra_value_comes_before_the_component)
