@@ -1,6 +1,7 @@
 #include "rules/apply_definition.h"
 #include "rules/started_setup.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 TEST(loading, given_a_definition_then_it_is_mended_and_shown)
@@ -27,23 +28,17 @@ TEST(loading, given_a_refined_definition_in_refined_mode_then_its_tiles_are_show
 
 TEST(loading, given_one_block_then_the_rest_of_the_record_stays)
 {
-    const std::string all = "Trade-off parameter: 7; Obs data base value: 50000; Obs data file: a.xyz; Topo data file: t.xyz;"
-                            "Obs data grid: g.xyz; Sensor grid: s.xyz; Obs data definitions: 2 0 1 0 5 2 3 4 0 0 0;"
-                            "Topo data definitions: 2 0 1 6 2 3; Sensor height definitions: -1 11 13; Topo offset: 12;"
-                            "Topo shift option: 0; Smoothness weighting: 0 2,1; [Comments]; 1 note";
-    const std::pair<Selection, const char *> taken[] = {
-        { Selection::parameters, "Trade-off parameter: 7" },
-        { Selection::observed_data, "Obs data base value: 50000; Obs data definitions: 2 0 1 0 5 2 3 4 0 0 0; Sensor height "
-                                    "definitions: -1 11 13; Obs data file: a.xyz; Obs data grid: g.xyz; Sensor grid: s.xyz" },
-        { Selection::topography,
-          "Topo data file: t.xyz; Topo data definitions: 2 0 1 6 2 3; Topo offset: 12; Topo shift option: 0" },
-        { Selection::mesh, "Smoothness weighting: 0 2,1" },
-    };
-    for (const auto & [selection, lines] : taken) {
+    const char * const selections[] = { "all", "parameters", "observed data", "topography", "mesh" };
+    const auto cases = cases_of<2>("selections.cases");
+    std::string all;
+    for (const auto & [selection, lines] : cases) all += (all.empty() ? "" : "; ") + lines;
+    for (const auto & [selection, lines] : cases) {
+        const auto place = std::ranges::find(selections, selection) - std::begin(selections);
+        if (selection == "none") continue;
         StartedSetup started;
         InversionDefinition expected = started.setup.definition;
         take_lines(lines, expected);
-        started.load_lines(all, selection);
+        started.load_lines(all, static_cast<Selection>(place));
         EXPECT_TRUE(started.setup.definition == expected) << lines;
     }
 }

@@ -20,16 +20,16 @@ struct NamedColumns : StartedSetup {
 
 }
 
-TEST(data_columns, given_a_line_of_names_then_the_boxes_show_names_and_the_fields_keep_their_numbers)
+TEST(data_columns, given_names_and_steps_then_boxes_and_fields_follow)
 {
-    NamedColumns columns;
-    columns.expect("Text_UBC_locations_xpos = East; Text_UBC_locations_magpos = TMI");
-    columns.expect("Text_UBC_locations_zpos =; Obs data definitions: 2 2 1 5 1 2 9 4 0 0 0"); // beyond the names
-    EXPECT_EQ(columns.text("Text_data_file"), survey);
-    NamedColumns("50").expect("Text_UBC_locations_magpos = 4"); // beyond the end: the last line holds the names
-    NamedColumns without_file("2", "gone.csv");
-    without_file.expect("Text_UBC_locations_xpos =; Obs data definitions: 2 2 1 5 1 2 9 4 0 0 0");
-    EXPECT_TRUE(without_file.dialogs.messages.empty());
+    for (const auto & [name_line, file, steps, seen] : cases_of<4>("data_columns.cases")) {
+        SCOPED_TRACE(name_line + " " + file + " " + steps);
+        NamedColumns columns(name_line, file);
+        columns.act(steps);
+        columns.expect(seen);
+        EXPECT_EQ(columns.text("Text_data_file"), file == "gone.csv" ? "" : survey);
+        EXPECT_TRUE(columns.dialogs.messages.empty());
+    }
 }
 
 TEST(data_columns, given_a_name_picked_then_the_open_box_takes_it)
@@ -40,21 +40,6 @@ TEST(data_columns, given_a_name_picked_then_the_open_box_takes_it)
     columns.expect("Combo_names shown");
     columns.act("Combo_names = 3");
     columns.expect("Combo_names hidden; Text_UBC_locations_zpos = Alt; Obs data definitions: 2 2 1 5 1 2 3 4 0 0 0");
-}
-
-TEST(data_columns, given_typing_then_only_a_slot_without_names_takes_positive_numbers)
-{
-    NamedColumns columns;
-    columns.act("Text_UBC_locations_xpos = 7");
-    columns.expect("Obs data definitions: 2 2 1 5 1 2 9 4 0 0 0");
-    columns.act("Text_UBC_locations_name_line = 0");
-    columns.expect("Text_UBC_locations_xpos = 1; Text_UBC_locations_zpos = 9");
-    columns.act("Text_UBC_locations_xpos = 7");
-    for (const char * text : { "= 0", "= -1", "=", "= East" }) columns.act(std::string("Text_UBC_locations_xpos ") + text);
-    columns.act("Text_UBC_locations_magpos 2 = 8");
-    columns.expect("Obs data definitions: 2 0 1 5 7 2 9 4 0 0 8");
-    columns.act("Text_UBC_locations_name_line = 2");
-    columns.expect("Text_UBC_locations_ypos = North");
 }
 
 TEST(data_columns, given_a_line_number_that_is_none_then_its_message_and_no_change)

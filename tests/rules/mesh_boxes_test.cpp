@@ -24,31 +24,12 @@ struct Filled : StartedSetup {
 
 TEST(unload_mesh, given_limits_then_they_are_snapped_to_whole_cells)
 {
-    struct Case {
-        int axis;
-        const char *boxes, *seen;
-        bool keep_maximum = false;
-    };
-    const Case cases[] = {
-        // 10.5 cells and 11.5: ties go to even; of a typed maximum the minimum still wins in the second pass
-        { 0, "Text_min_val 0 = 1000; Text_max_val 0 = 2050", "Text_max_val 0 = 2000; Text_num_cells 0 = 10" },
-        { 0, "Text_min_val 0 = 1000; Text_max_val 0 = 2150", "Text_max_val 0 = 2200; Text_num_cells 0 = 12" },
-        { 1, "Text_cell_size 1 = 100; Text_min_val 1 = 1000; Text_max_val 1 = 2050",
-          "Text_min_val 1 = 1000; Text_max_val 1 = 2000; Text_num_cells 1 = 10", true },
-        { 0, "Text_min_val 0 = 0.1; Text_max_val 0 = 1; Text_cell_size 0 = 0.3",
-          "Text_min_val 0 = 0.1; Text_max_val 0 = 1; Text_num_cells 0 = 3" },
-        { 2, "Text_max_val 2 = 500; Text_cell_size 2 = 30", "Text_min_val 2 = 0; Text_max_val 2 = 510; Text_num_cells 2 = 17" },
-        { 2, "Text_max_val 2 = 500; Text_cell_size 2 = 30", "Text_min_val 2 = -10; Text_max_val 2 = 500; Text_num_cells 2 = 17",
-          true },
-        { 2, "Text_min_val 2 = -105; Text_max_val 2 = 0; Text_cell_size 2 = 50", // the core hangs from the snapped top
-          "Text_min_val 2 = -105; Text_max_val 2 = -5; Text_num_cells 2 = 2" },
-    };
-    for (const Case & c : cases) {
-        SCOPED_TRACE(c.boxes);
+    for (const auto & [axis, edited, boxes, seen] : cases_of<4>("mesh_snapping.cases")) {
+        SCOPED_TRACE(boxes);
         Filled filled;
-        filled.act(c.boxes);
-        EXPECT_EQ(filled.unload(c.axis, c.keep_maximum), Status::good);
-        filled.expect(c.seen);
+        filled.act(boxes);
+        EXPECT_EQ(filled.unload(number_in(axis), edited == "maximum"), Status::good);
+        filled.expect(seen);
     }
 }
 
