@@ -1,6 +1,7 @@
 #pragma once
 
-#include <gdal.h>
+#include "grid/gdal_on_demand.h"
+
 #include <memory>
 #include <optional>
 #include <string>
