@@ -87,7 +87,7 @@ TEST(invert_point_transform, given_equal_scales_then_it_undoes_itself_and_two_po
 
 TEST(rotated_extents, given_a_turned_rectangle_then_the_limits_of_all_its_corners)
 {
-    PointTransform transform = with([](PointTransform & t) { t.rotation = 53.13010235; }); // the angle of 3, 4 and 5
+    PointTransform transform = transform_of("53.13010235"); // the angle of 3, 4 and 5
     const struct {
         bool in_use;
         TransformDirection direction;
