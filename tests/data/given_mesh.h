@@ -5,6 +5,7 @@
 #include "support/numbers.h"
 
 #include <string>
+#include <vector>
 
 inline void set_axis(double first, std::int32_t cells, List<double> & nodes, List<double> & centres)
 {
@@ -28,4 +29,12 @@ template <class Number>
 std::string number_or_star(Number number)
 {
     return is_missing(number) ? "*" : general_text(number);
+}
+
+/// The message for topography that is refused: "few" points are left, or they lie on one "line"; none for any other outcome.
+inline std::vector<std::string> refusals_of(const std::string & outcome)
+{
+    if (outcome == "few") return { "The topo data file did not contain enough data points to be meaningful" };
+    if (outcome == "line") return { "All Points in the topography file are colinear" };
+    return {};
 }

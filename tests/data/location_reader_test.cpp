@@ -1,64 +1,41 @@
 #include "data/field_numbers.h"
+#include "data/given_mesh.h"
 #include "data/line_scanner.h"
 #include "data/location_reader.h"
+#include "data/observed_processing.h"
 #include "data/record_parser.h"
-#include "fakes/case_table.h"
-#include "fakes/recorded_host.h"
-#include "fakes/temporary_folder.h"
+#include "fakes/definition_values.h"
 #include "support/numbers.h"
 #include "support/text.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
 #include <random>
-#include <sstream>
 
 namespace {
 
 /// "x y z value line" of each point; what is missing is a star, an unread line is left out.
 std::string described(const ObservedData & data)
 {
-    const auto number = [](double value) { return value < -1e30 ? std::string("*") : general_text(value); };
     std::string text;
     for (std::int32_t i = 1; i <= data.point_count; ++i) {
         if (i > 1) text += "; ";
-        text += number(data.xyz[0][i]) + " " + number(data.xyz[1][i]) + " " + number(data.xyz[2][i]);
-        if (!data.value[0].empty()) text += " " + (data.value[0][i] < -1e30F ? "*" : general_text(data.value[0][i]));
+        for (const int axis : { 0, 1, 2 }) text += (axis > 0 ? " " : "") + number_or_star(data.xyz[axis][i]);
+        if (!data.value[0].empty()) text += " " + number_or_star(data.value[0][i]);
         if (!data.line_index.empty()) {
-            const std::int32_t line = data.line_index[i];
-            text += " " + (line == 0 ? std::string("-") : "[" + data.line_name[line] + "]");
+            text += " [" + data.line_name[data.line_index[i]] + "]";
         }
     }
     return text;
 }
 
-/// columns: of x, y, z, the value and, when it is read, the line; also: further settings, as location_reader.cases says.
+/// The source that a definition gives; `columns` and `also` as in location_reader.cases.
 LocationSource source_of(const std::string & columns = "", const std::string & also = "")
 {
-    LocationSource s;
-    std::istringstream(columns.empty() ? "1 2 3 4" : columns) >> s.x_column >> s.y_column >> s.z_column >> s.value_column[0] >>
-        s.line_column;
-    std::istringstream words(also);
-    for (std::string word; words >> word;) {
-        if (word == "first") {
-            words >> s.first_data_line;
-        } else if (word == "increment") {
-            words >> s.read_increment;
-        } else if (word == "offset") {
-            words >> s.elevation_offset;
-        } else if (word == "interval") {
-            words >> s.interpolation_interval;
-        } else if (word == "depth") {
-            s.z_is_depth = 1;
-        } else if (word == "doubled") {
-            s.transform.x_scale = 2, s.transform.new_x_origin = 100;
-            s.transform.elevation_shift = 1, s.transform.elevation_scale = 2;
-            normalise_point_transform(s.transform);
-        } else {
-            throw std::runtime_error("no such setting: " + word);
-        }
-    }
-    return s;
+    InversionDefinition definition;
+    take_lines("Obs data definitions: " + (columns.empty() ? "1 0 1 0 1 2 3 4 0 0 0" : columns), definition);
+    take_lines(also, definition);
+    return location_source(definition, 0);
 }
 
 struct Reader {
@@ -100,10 +77,23 @@ TEST(read_locations_file, given_a_long_line_then_it_is_cut_where_line_feeds_stan
     EXPECT_EQ(described(reader.data), "1 2 3 4");
 }
 
+TEST(read_locations_file, given_depths_or_an_interval_then_elevations_or_points_between)
+{
+    Reader reader;
+    LocationSource source = source_of("", "Sensor height definitions: 1 10 0");
+    source.z_is_depth = 1;
+    EXPECT_EQ(reader.read(source, "1 2 3 4\n1 2 * 4\n"), Status::good);
+    EXPECT_EQ(described(reader.data), "1 2 7 4; 1 2 * *");
+    source = source_of("1 0 1 1 2 3 4 5 0 0 0");
+    source.interpolation_interval = 10;
+    EXPECT_EQ(reader.read(source, "a 0 0 0 1\na 30 0 6 2\nb 60 0 0 3\n"), Status::good);
+    EXPECT_EQ(described(reader.data), "0 0 0 1 [a]; 10 0 2 2 [a]; 20 0 4 2 [a]; 30 0 6 2 [a]; 60 0 0 3 [b]");
+}
+
 TEST(read_locations_file, given_lines_and_categories_then_first_points_and_sorted_names)
 {
     Reader reader;
-    LocationSource source = source_of("2 3 4 0 1");
+    LocationSource source = source_of("1 0 1 1 2 3 4 0 0 0 0");
     source.category_column = 5, source.text_column = 6;
     ASSERT_EQ(reader.read(source, "L1,0,0,0,slate,p\nL1,1,0,0,,q\nL2,2,0,0,basalt\nL2,x,0,0,gabbro\nL1,3,0,0,slate,r\n"),
               Status::good);
@@ -142,7 +132,7 @@ TEST(read_locations_file, given_a_fault_then_one_message_and_nothing_changed)
     const std::array<std::string, 4> cases[] = {
         // file, columns, content, the message, or its beginning where the system has a say
         { "C:\\no\\such file.dat", "", "", "An error occurred while reading the location file : cannot open" },
-        { "", "1 2 3 513", "1 2 3 4\n", "An error occurred while reading the location file : column 513 " },
+        { "", "1 0 1 0 1 2 3 513 0 0 0", "1 2 3 4\n", "An error occurred while reading the location file : column 513 " },
         { "", "", "1 2 3 4e38\n", "An error occurred while reading the location file : Overflow" },
         { "C:\\a b.gdb", "", "",
           "Geosoft databases (.gdb) cannot be read here; export the data to a point file instead: C:\\a b.gdb" },
@@ -164,7 +154,7 @@ TEST(read_locations_file, given_a_fault_then_one_message_and_nothing_changed)
 TEST(read_locations_file, given_the_last_column_or_a_stop_then_they_pass)
 {
     Reader reader;
-    const LocationSource source = source_of("1 2 3 512");
+    const LocationSource source = source_of("1 0 1 0 1 2 3 512 0 0 0");
     std::string line;
     for (int i = 1; i <= 512; ++i) line += general_text(i) + " ";
     EXPECT_EQ(reader.read(source, line), Status::good);
@@ -209,7 +199,7 @@ TEST(read_locations_file, given_any_blocks_and_threads_then_the_same)
             content += records[random() % std::size(records)];
             content += i % 3 == 0 ? "\n" : random() % 20 == 0 ? "\r" : "\r\n";
         }
-        LocationSource source = source_of("1 2 3 4 5", "first 2"); // the sums are exact, and some records do not reach the texts
+        LocationSource source = source_of("2 0 1 5 1 2 3 4 0 0 0"); // the sums are exact, and some records do not reach the texts
         source.value_column[2] = 1, source.category_column = 6, source.text_column = 7;
         changes[random() % std::size(changes)](source);
         const ReadMode mode = i % 5 == 0 ? ReadMode::statistics : ReadMode::store;

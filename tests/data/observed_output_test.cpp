@@ -10,8 +10,7 @@ ObservedReadings small_readings()
 {
     ObservedReadings readings;
     SelectedData & s = readings.selected;
-    s.cells_x = 3;
-    s.cells_y = 2;
+    s.cells_x = 3, s.cells_y = 2;
     s.occupied = { 1, 0, 1, 0, 1, 0 };
     s.x = { 5, 0, 25.5F, 0, 15, 0 };
     s.y = { 5, 0, 5, 0, 15, 0 };
@@ -31,12 +30,11 @@ void add_point(ObservedReadings & readings, std::int32_t cell_x, std::int32_t ce
     readings.all.points.push_back({ .cell_x = cell_x, .cell_y = cell_y, .line = 1, .x = 724307.206057495, .value_1 = value });
 }
 
-InversionDefinition small_definition()
+InversionDefinition small_definition(const std::string & changes = "")
 {
     InversionDefinition definition;
-    definition.inversion_method = 1; // no header
-    definition.error_percent = 10;
-    definition.error_floor = 0.5F;
+    take_lines("Inversion method: 1; Error percent and floor: 10 0.5", definition); // of a method without a header
+    take_lines(changes, definition);
     return definition;
 }
 
@@ -69,12 +67,10 @@ TEST(write_inversion_data, given_one_reading_per_cell_then_the_file)
 TEST(write_inversion_data, given_three_values_and_extension_then_the_file)
 {
     Output output;
-    InversionDefinition definition = small_definition();
-    definition.obs_data_type_count = 3;
-    definition.slog_scaling = 1; // 100 has the error of 10; the other values are not compressed
-    definition.error_floor = 0;
-    definition.data_line_column = 5;
-    definition.data_extra_value_column = 6;
+    // 100 has the error of 10 by its scale; the other values are not compressed
+    const InversionDefinition definition =
+        small_definition("Obs data types: 20 21 22; sLog Scaling flag: 1; Error percent and floor: 10 0;"
+                         "Obs data definitions: 2 0 1 5 1 2 3 4 0 6 0");
     EXPECT_EQ(output.write(definition, small_readings(), true, { 2, 4, 1, 3 }),
               " 2 \r\n"
               "       25.5000        5.0000     -120.0000             *        0.0000        2.0000        0.2000        1.0000"
@@ -128,9 +124,8 @@ TEST(write_inversion_data, given_a_method_and_a_field_then_its_header)
     for (const auto & [method, type, declination, transform, header] : cases_of<5>("observed_header.cases")) {
         SCOPED_TRACE(method + " " + type);
         Output output;
-        InversionDefinition definition = small_definition();
-        take_lines("Inversion method: " + method + "; Obs data types: " + type + "; Mag field: 60.1 " + declination + " 55000",
-                   definition);
+        InversionDefinition definition = small_definition("Inversion method: " + method + "; Obs data types: " + type +
+                                                          "; Mag field: 60.1 " + declination + " 55000");
         take_lines(transform, definition);
         definition.obs_data_type_count = 1;
         const std::string text = output.write(definition, small_readings());

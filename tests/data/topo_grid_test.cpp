@@ -1,5 +1,6 @@
 #include "data/given_grids.h"
 #include "data/topo_grid.h"
+#include "fakes/case_table.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -28,9 +29,6 @@ struct TopoRun : GivenGrids {
 };
 
 std::vector<float> listed(const List<float> & values) { return { values.items().begin(), values.items().end() }; }
-
-const char * const too_few = "The topo data file did not contain enough data points to be meaningful";
-const char * const one_line = "All Points in the topography file are colinear";
 
 }
 
@@ -75,28 +73,16 @@ TEST(load_topo_grid, given_an_offset_or_a_turn_then_elevations_take_the_offset_a
 
 TEST(load_topo_grid, given_few_values_then_fewer_than_five_samples_or_one_line_are_refused)
 {
-    // A cell at the mesh's edge is sampled at its centre and on that edge: 2 times as often for each edge of its own.
-    const struct {
-        std::int32_t rows;
-        const char * values;
-        std::vector<std::string> messages;
-    } cases[] = {
-        { 2, "* * *\n60 61 *", {} }, // 4 + 2
-        { 2, "* 60 *\n61 * *", {} },
-        { 2, "60 * *\n* * *", { too_few } }, // 4
-        { 2, "* 60 *\n* 61 *", { too_few } },
-        { 2, "* * *\n* * *", { too_few } },
-        { 3, "* 60 *\n* 61 *\n* 62 *", { one_line } }, // 5
-    };
-    for (const auto & row : cases) {
-        SCOPED_TRACE(row.values);
+    for (const auto & [rows, outcome] : cases_of<2>("topo_grid.cases")) {
+        SCOPED_TRACE(rows);
         TopoRun run;
         run.topo.point_count = 7;
-        run.mesh = even_mesh(3, row.rows, { 100, 40 });
-        run.definition.data_file[1] = run.arc("part.asc", { 3, row.rows, 0, 0, 10 }, row.values);
-        EXPECT_EQ(run.load(), row.messages.empty() ? Status::good : Status::bad);
-        EXPECT_EQ(run.recorded.dialogs.messages, row.messages);
-        EXPECT_EQ(run.topo.point_count == 7, !row.messages.empty());
+        const auto count = static_cast<std::int32_t>(parts_of(rows, '/').size());
+        run.mesh = even_mesh(3, count, { 100, 40 });
+        run.definition.data_file[1] = run.arc("part.asc", { 3, count, 0, 0, 10 }, file_of(rows));
+        EXPECT_EQ(run.load(), outcome == "good" ? Status::good : Status::bad);
+        EXPECT_EQ(run.recorded.dialogs.messages, refusals_of(outcome));
+        EXPECT_EQ(run.topo.point_count == 7, outcome != "good");
         EXPECT_FALSE(run.has_working_copies());
     }
 }

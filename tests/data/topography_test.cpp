@@ -63,9 +63,7 @@ TEST(topography, given_points_then_those_that_count_make_a_surface_or_are_refuse
             interpolate_topo_points(data_of(points), definition_of(number_in(method)), small_mesh(), topo, host.host);
         const bool good = outcome == "good";
         EXPECT_EQ(status, good ? Status::good : Status::bad);
-        const char * const message = outcome == "few" ? "The topo data file did not contain enough data points to be meaningful"
-                                                      : "All Points in the topography file are colinear";
-        EXPECT_EQ(host.dialogs.messages, good ? std::vector<std::string>{} : std::vector<std::string>{ message });
+        EXPECT_EQ(host.dialogs.messages, refusals_of(outcome));
         EXPECT_EQ(topo.frame_count, good ? 21 : 0); // (5 + 4) * 2 + 3
         EXPECT_EQ(topo.point_count, good ? static_cast<std::int32_t>(points.size()) + 21 : 0);
         EXPECT_EQ(topo.cell_topo.size(), good ? 12 : 1); // an earlier surface stays
