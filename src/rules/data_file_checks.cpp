@@ -28,6 +28,8 @@ Status settle_kind(Setup & setup, int slot, Host & host)
     header.file_name = path;
     const bool is_known = detect_grid_file(header, host.dialogs) == Status::good;
     const bool is_grid = is_known && file_kind(header) == FileKind::grid;
+    const bool is_picture = is_known && file_kind(header) == FileKind::image;
+    if (is_picture && (slot == 3 || slot == 4)) return refuse("Raster files only valid as first image file", host);
     if (is_known && !is_grid) header.fault = picture_fault;
     kind = is_grid ? grid_kind : same_text(file_extension_of_path(path), "GDB") ? database_kind : text_kind;
     const std::string reason = header.fault.empty() ? "" : ": " + header.fault;

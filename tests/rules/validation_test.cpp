@@ -133,11 +133,16 @@ TEST(check_inversion_definitions, given_a_file_that_is_not_there_then_the_user_i
     c.expect("Topo type: 1; Check_topo_type 1 = on");
 }
 
+const std::string bitmap_of_one_pixel("BM\x3A\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18\0\0\0\0\0\4\0\0\0"
+                                      "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\1\2\3\0",
+                                      58);
+
 TEST(check_inversion_definitions, given_grids_then_each_slot_takes_its_own)
 {
     const TemporaryFolder folder;
     const std::string grid = folder.write("a.grd", "DSAA\n2 2\n0 1\n0 1\n1 4\n1 2\n3 4\n"),
-                      points = folder.write("a.xyz", "DSAA");
+                      points = folder.write("a.xyz", "DSAA"), picture = folder.write("p.bmp", bitmap_of_one_pixel);
+    folder.write("p.bpw", "10\n0\n0\n-10\n5\n5\n");
     const std::tuple<std::size_t, std::string, std::string> cases[] = {
         { 1, grid, "" }, // the ground too
         { 5, grid, "" },
@@ -147,6 +152,9 @@ TEST(check_inversion_definitions, given_grids_then_each_slot_takes_its_own)
         { 4, "gone.grd", "The observed data 3 grid file does not exist" },
         { 4, points, "The grid file format could not be dertermined for the file: a.xyz" },
         { 5, "gone.grd", "The sensor grid file does not exist" },
+        { 2, picture,
+          "The grid file format could not be dertermined for the file: p.bmp: it is a picture and not a grid of values" },
+        { 3, picture, "Raster files only valid as first image file" },
     };
     for (const auto & [slot, file, message] : cases) {
         Checked c(folder);
