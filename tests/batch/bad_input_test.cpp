@@ -24,31 +24,6 @@ void expect_messages(const std::string & errors, const Texts & texts)
 
 }
 
-TEST(bad_input, given_a_file_that_is_no_definition_then_it_is_refused)
-{
-    const TemporaryFolder folder;
-    folder.write("empty.inp", "");
-    folder.write("version_only.inp", "Version 3.0\r\n");
-    folder.write("other.inp", "10 10 5\r\n0 0 0\r\n");
-    folder.write("binary.inp", std::string_view("\x7f\x45LF\0\0\1\2", 8));
-    std::filesystem::create_directories(host_path(folder.file("folder.inp")));
-    const std::pair<const char *, const char *> cases[] = {
-        { "missing.inp", "That file does not exist" },
-        { "empty.inp", "The specified file was empty" },
-        { "version_only.inp", "The specified file was empty" },
-        { "other.inp", "Varnok cannot handle this file format" },
-        { "binary.inp", "*" },
-        { "folder.inp", "*" },
-    };
-    for (const auto & [name, message] : cases) {
-        SCOPED_TRACE(name);
-        const BatchRun run = run_batch({ "check", host_file(folder, name) });
-        EXPECT_EQ(run.status, 1);
-        EXPECT_EQ(run.output, "");
-        expect_messages(run.errors, { message });
-    }
-}
-
 TEST(bad_input, given_data_that_cannot_be_used_then_a_message_says_why_and_the_status_is_1)
 {
     for (const auto & [changes, file, content, message, second] : cases_of<5>("bad_input.cases")) {

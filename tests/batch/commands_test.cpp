@@ -26,7 +26,7 @@ TEST(commands, given_a_command_line_then_streams_and_status_are_apart)
         const BatchRun run = run_batch(arguments_of(line, survey.folder), input);
         EXPECT_EQ(run.status, number_in(status));
         EXPECT_EQ(run.output, output);
-        EXPECT_EQ(run.errors, errors);
+        EXPECT_TRUE(errors == "*" ? run.errors.starts_with("message: ") : run.errors == errors) << run.errors;
     }
 }
 

@@ -133,12 +133,4 @@ TEST(write_inversion_data, given_a_method_and_a_field_then_its_header)
     }
 }
 
-TEST(write_inversion_data, given_a_folder_that_is_not_there_then_a_file_fault)
-{
-    RecordedHost recorded;
-    EXPECT_THROW(
-        write_inversion_data(small_definition(), {}, small_readings(), false, "no folder\\mag.obs", whole, recorded.host),
-        FileFault);
-}
-
 }

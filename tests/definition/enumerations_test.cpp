@@ -1,27 +1,7 @@
 #include "definition/enumerations.h"
+#include "fakes/case_table.h"
 
 #include <gtest/gtest.h>
-
-namespace {
-
-struct TypeCase {
-    std::int32_t method, code;
-    const char *short_name, *matrix_file, *caption;
-    DataClass data_class;
-    FileClass files;
-};
-
-const TypeCase type_cases[] = {
-    { 4, -1, "Gz", "QVinv3D.mtx", "Obs data", DataClass::gravity, FileClass::gravity },
-    { 4, 1, "mag", "QVinv3D.mtx", "Mag data", DataClass::magnetic, FileClass::magnetic },
-    { 4, 2, "Gzz", "QVinv3D_Gzz.mtx", "Gzz data", DataClass::gradient, FileClass::gravity },
-    { 4, 7, "Gz", "QVinv3D.mtx", "Obs data", DataClass::gradient, FileClass::gravity },
-    { 4, 20, "Tx", "QVinv3D_Tx.mtx", "Tx data", DataClass::magnetic, FileClass::magnetic },
-    { 5, 100, "VMI", "QVinv3D_Tx.mtx|QVinv3D_Ty.mtx|QVinv3D_Tz.mtx", "VMI data", DataClass::magnetic, FileClass::gravity },
-    { 6, 0, "Gz", "QVinv3D.mtx", "Grav data", DataClass::gravity, FileClass::magnetic },
-};
-
-}
 
 // They share the codes of the first list by position, so a text stands one place behind its code.
 TEST(data_type_items, given_the_second_list_then_each_text_stores_the_code_of_the_next)
@@ -34,15 +14,16 @@ TEST(data_type_items, given_the_second_list_then_each_text_stores_the_code_of_th
 
 TEST(data_type_of, given_a_code_then_its_names_and_classes_but_a_solver_of_one_field_sets_the_files)
 {
-    for (const TypeCase & row : type_cases) {
-        const DataType & type = data_type_of(row.code);
-        EXPECT_STREQ(type.short_name, row.short_name) << row.code;
-        EXPECT_STREQ(type.matrix_file, row.matrix_file) << row.code;
-        EXPECT_STREQ(type.caption, row.caption) << row.code;
-        EXPECT_EQ(class_of_data_type(row.code), row.data_class) << row.code;
+    const char * const classes[] = { "gravity", "magnetic", "gradient" };
+    for (const auto & [method, code, name, matrix_file, caption, data_class, files] : cases_of<7>("data_types.cases")) {
+        const DataType & type = data_type_of(number_in(code));
+        EXPECT_EQ(type.short_name, name) << code;
+        EXPECT_EQ(type.matrix_file, matrix_file) << code;
+        EXPECT_EQ(type.caption, caption) << code;
+        EXPECT_EQ(classes[static_cast<int>(class_of_data_type(number_in(code)))], data_class) << code;
         InversionDefinition definition;
-        definition.inversion_method = row.method;
-        definition.obs_data_types[0] = row.code;
-        EXPECT_EQ(file_class(definition), row.files) << row.code;
+        definition.inversion_method = number_in(method);
+        definition.obs_data_types[0] = number_in(code);
+        EXPECT_EQ(classes[static_cast<int>(file_class(definition))], files) << code;
     }
 }

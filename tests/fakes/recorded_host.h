@@ -4,26 +4,21 @@
 #include "support/fault.h"
 
 #include <deque>
-#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
-/// Records every message and answers from a script; what the script does not hold is answered No or cancelled.
+/// Records every message and picks from a script; what the script does not hold is cancelled, and every question answered No.
 struct RecordedDialogs : Dialogs {
     std::vector<std::string> messages;
     std::vector<std::string> questions; ///< questions, file dialogs and input boxes by their text or title
-    std::deque<bool> answers;
-    std::deque<std::string> picks; ///< for file, folder and input dialogs, in order
+    std::deque<std::string> picks;      ///< for file, folder and input dialogs, in order
 
     void message(const std::string & text) override { messages.push_back(text); }
     bool question(const std::string & text) override
     {
         questions.push_back(text);
-        if (answers.empty()) return false;
-        const bool answer = answers.front();
-        answers.pop_front();
-        return answer;
+        return false;
     }
     std::optional<std::string> open_file(const FileDialog & dialog) override { return pick(dialog.title); }
     std::optional<std::string> save_file(const FileDialog & dialog) override { return pick(dialog.title); }
@@ -61,19 +56,10 @@ struct RecordedProgress : Progress {
     }
 };
 
-struct MemorySettings : SettingsStore {
-    std::map<std::string, std::string> values;
-
-    std::string read(const std::string & section, const std::string & name, const std::string & start) override
-    {
-        const auto found = values.find(section + "/" + name);
-        return found == values.end() ? start : found->second;
-    }
-    bool write(const std::string & section, const std::string & name, const std::string & text) override
-    {
-        values[section + "/" + name] = text;
-        return true;
-    }
+/// Settings that nothing has been written to.
+struct NoSettings : SettingsStore {
+    std::string read(const std::string &, const std::string &, const std::string & start) override { return start; }
+    bool write(const std::string &, const std::string &, const std::string &) override { return true; }
 };
 
 struct RecordedLauncher : ScriptLauncher {
@@ -85,7 +71,7 @@ struct RecordedLauncher : ScriptLauncher {
 struct RecordedHost {
     RecordedDialogs dialogs;
     RecordedProgress progress;
-    MemorySettings settings;
+    NoSettings settings;
     RecordedLauncher launcher;
     DebugLog debug;
     Host host{ dialogs, progress, settings, launcher, debug };

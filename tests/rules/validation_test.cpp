@@ -1,4 +1,3 @@
-#include "grid/grid_detection.h"
 #include "rules/started_setup.h"
 #include "rules/validation.h"
 
@@ -22,7 +21,7 @@ struct Checked : StartedSetup {
     void make(const std::string & fault)
     {
         for (const std::string & part : parts_of(fault, ';'))
-            if (part.find('_') == part.npos)
+            if (part.find(':') < part.find_first_of("=_"))
                 take_lines(part, record());
             else
                 act(part);
@@ -120,91 +119,36 @@ TEST(check_inversion_definitions, given_boxes_then_what_follows_from_them_is_der
     EXPECT_EQ(c.setup.design_mesh.total_cells, (std::array{ 14, 14, 13 }));
 }
 
-TEST(check_inversion_definitions, given_a_file_that_is_not_there_then_the_user_is_asked_or_the_top_of_the_mesh_is_used)
-{
-    const TemporaryFolder folder;
-    Checked c(folder);
-    const std::string there = c.record().data_file[0];
-    c.record().data_file = { "gone.dat", "" };
-    c.dialogs.picks = { there };
-    EXPECT_EQ(c.check(), Texts{});
-    EXPECT_EQ(c.dialogs.questions, Texts{ "Locate the missing file: Observed Data file" });
-    EXPECT_EQ((Texts{ c.record().data_file[0], c.text("Text_data_locations") }), (Texts{ there, there }));
-    c.expect("Topo type: 1; Check_topo_type 1 = on");
-}
-
 const std::string bitmap_of_one_pixel("BM\x3A\0\0\0\0\0\0\0\x36\0\0\0\x28\0\0\0\1\0\0\0\1\0\0\0\1\0\x18\0\0\0\0\0\4\0\0\0"
                                       "\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\0\1\2\3\0",
                                       58);
 
-TEST(check_inversion_definitions, given_grids_then_each_slot_takes_its_own)
-{
-    const TemporaryFolder folder;
-    const std::string grid = folder.write("a.grd", "DSAA\n2 2\n0 1\n0 1\n1 4\n1 2\n3 4\n"),
-                      points = folder.write("a.xyz", "DSAA"), picture = folder.write("p.bmp", bitmap_of_one_pixel);
-    folder.write("p.bpw", "10\n0\n0\n-10\n5\n5\n");
-    const std::tuple<std::size_t, std::string, std::string> cases[] = {
-        { 1, grid, "" }, // the ground too
-        { 5, grid, "" },
-        { 2, "", "The observed data grid file must be specified" },
-        { 2, "gone.grd", "The observed data grid file does not exist" },
-        { 3, "gone.grd", "The observed data 2 grid file does not exist" },
-        { 4, "gone.grd", "The observed data 3 grid file does not exist" },
-        { 4, points, "The grid file format could not be dertermined for the file: a.xyz" },
-        { 5, "gone.grd", "The sensor grid file does not exist" },
-        { 2, picture,
-          "The grid file format could not be dertermined for the file: p.bmp: it is a picture and not a grid of values" },
-        { 3, picture, "Raster files only valid as first image file" },
-    };
-    for (const auto & [slot, file, message] : cases) {
-        Checked c(folder);
-        c.record().data_file_type = 1;
-        c.record().data_file[2] = grid;
-        c.record().data_file[slot] = file;
-        EXPECT_EQ(c.check(), message.empty() ? Texts{} : Texts{ message });
-        EXPECT_TRUE(!message.empty() || c.record().data_kind[slot] == 1);
-    }
-    Checked c(folder);
-    c.record().data_file[0] = grid; // where points are wanted
-    EXPECT_EQ(
-        c.check(),
-        Texts{ "The observed data file is a grid: a.grd. Give it as the observed data grid, with grids as the data file type" });
-}
-
-TEST(check_inversion_definitions, given_model_files_then_they_are_found_where_the_solvers_run)
+TEST(check_inversion_definitions, given_files_models_and_bounds_then_they_are_found_or_refused_and_noted_as_in_use)
 {
     const TemporaryFolder folder;
     make_folder_path(folder.file("Run"));
-    const std::string inside = folder.write("Run\\w.mod", ""), outside = folder.write("b.mod", "");
-    const std::array<std::string, 4> cases[] = {
-        { "run", inside, "", "w.mod" },                          // the folder is dropped, compared without case
-        { "Run", folder.file("elsewhere\\w.mod"), "", "w.mod" }, // moved into the inversion folder
-        { "Run", outside, "", outside },                         // stays where it is
-        { "Run", "gone.mod", outside, outside },                 // asked for
-        { "Run", " NULL ", "", "null" },
+    for (const char * file : { "b.mod", "Run\\w.mod", "r.lkp" }) folder.write(file, "");
+    folder.write("a.grd", "DSAA\n2 2\n0 1\n0 1\n1 4\n1 2\n3 4\n");
+    folder.write("a.xyz", "DSAA");
+    folder.write("p.bmp", bitmap_of_one_pixel);
+    folder.write("p.bpw", "10\n0\n0\n-10\n5\n5\n");
+    const auto here = [&](std::string text) {
+        for (auto at = text.find('@'); at != text.npos; at = text.find('@')) text.replace(at, 1, folder.path());
+        return text;
     };
-    for (const auto & [run, given, pick, expected] : cases) {
-        Checked c(folder);
-        c.act("Dir1 = " + folder.path() + "; Text_directory_name = " + run);
-        c.record().weighting_model = given;
-        if (!pick.empty()) c.dialogs.picks = { pick };
-        EXPECT_EQ(c.check(), Texts{});
-        EXPECT_EQ(c.record().weighting_model, expected);
-        EXPECT_EQ(c.setup.in_use.model_file, expected != "null");
-    }
-}
-
-TEST(check_inversion_definitions, given_bounds_and_reference_then_what_is_in_use_is_noted)
-{
-    const TemporaryFolder folder;
-    const std::string rock = folder.write("r.lkp", "");
-    for (const auto & [method, boxes, seen, in_use] : cases_of<4>("validation_in_use.cases")) {
-        SCOPED_TRACE(method + " " + boxes);
+    for (const auto & [method, steps, asked, message, seen, in_use] : cases_of<6>("validation_files.cases")) {
+        SCOPED_TRACE(method + " " + steps);
         Checked c(folder, method);
         c.record().model_bounds = { "old", "old" };
-        c.act("Text_reference_file =; " + boxes + "; Text_rock_propery_file = " + rock);
-        EXPECT_EQ(c.check(), Texts{});
-        c.expect(seen);
+        c.make(here(steps));
+        const auto arrow = asked.find(" ->");
+        if (arrow + 3 < asked.size()) c.dialogs.picks = { here(asked.substr(arrow + 4)) };
+        EXPECT_EQ(c.check(), message.empty() ? Texts{} : Texts{ message });
+        EXPECT_EQ(c.dialogs.questions, asked.empty() ? Texts{} : Texts{ "Locate the missing file: " + asked.substr(0, arrow) });
+        if (!message.empty()) continue;
+        if (!seen.empty()) c.expect(here(seen));
+        for (std::size_t slot = 0; slot < 6; ++slot)
+            EXPECT_EQ(c.record().data_kind[slot] == 1, c.record().data_file[slot].ends_with(".grd")) << slot;
         std::string used;
         if (c.setup.in_use.rock_properties) used += "rock ";
         if (c.setup.in_use.reference) used += "reference ";
