@@ -56,11 +56,7 @@ struct Output {
 TEST(write_inversion_data, given_one_reading_per_cell_then_the_file)
 {
     Output output;
-    EXPECT_EQ(output.write(small_definition(), small_readings()),
-              " 3 \r\n"
-              "        5.0000        5.0000-1234567936.00     1234.5000      123.9500\r\n"
-              "       25.5000        5.0000     -120.0000             *        0.0000\r\n"
-              "       15.0000       15.0000      130.0000      100.0000       10.5000\r\n");
+    EXPECT_EQ(output.write(small_definition(), small_readings()), bytes_of(TEST_DATA_FOLDER "/one_value.obs"));
     EXPECT_EQ(output.count, 3);
 }
 
@@ -71,12 +67,7 @@ TEST(write_inversion_data, given_three_values_and_extension_then_the_file)
     const InversionDefinition definition =
         small_definition("Obs data types: 20 21 22; sLog Scaling flag: 1; Error percent and floor: 10 0;"
                          "Obs data definitions: 2 0 1 5 1 2 3 4 0 6 0");
-    EXPECT_EQ(output.write(definition, small_readings(), true, { 2, 4, 1, 3 }),
-              " 2 \r\n"
-              "       25.5000        5.0000     -120.0000             *        0.0000        2.0000        0.2000        1.0000"
-              "        0.1000a line of a lo        8.0000\r\n"
-              "       15.0000       15.0000      130.0000      100.0000        1.0000             *        0.0000        2.0000"
-              "        0.2000                      9.0000\r\n");
+    EXPECT_EQ(output.write(definition, small_readings(), true, { 2, 4, 1, 3 }), bytes_of(TEST_DATA_FOLDER "/three_values.obs"));
 }
 
 TEST(write_inversion_data, given_an_empty_window_then_no_file)
