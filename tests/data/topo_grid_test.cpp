@@ -34,23 +34,19 @@ std::vector<float> listed(const List<float> & values) { return { values.items().
 
 TEST(load_topo_grid, given_a_method_then_its_positions_are_sampled_and_its_rule_counts_the_air)
 {
-    const struct {
-        std::int32_t method, points;
-        List<std::int32_t> air;
-    } cases[] = { { 0, 5 * 4, { 3, 2, 1, 3, 3, 2 } },       // the cells' ground below, and between 65, 71 and 100
-                  { 3, 5 * 4, { 1, 1, 1, 1, 1, 1 } },       // the first and last node and the centres of each axis
-                  { 4, 7 * 5, List<std::int32_t>(6, 1) } }; // all nodes and centres
-    for (const auto & row : cases) {
-        SCOPED_TRACE(row.method);
+    for (const auto & [method, points, air] : cases_of<3>("topo_grid_methods.cases")) {
+        SCOPED_TRACE(method);
         TopoRun run;
-        run.definition.inversion_method = row.method;
+        run.definition.inversion_method = number_in(method);
         ASSERT_EQ(run.load(), Status::good);
         EXPECT_EQ(listed(run.topo.cell_topo), (std::vector<float>{ 61.25F, 66.25F, 71.25F, 58.75F, 63.75F, 68.75F }));
-        EXPECT_EQ(run.topo.air_cells, row.air);
+        std::string found;
+        for (const std::int32_t cells : run.topo.air_cells.items()) found += (found.empty() ? "" : " ") + general_text(cells);
+        EXPECT_EQ(found, air);
         EXPECT_EQ(run.topo.frame_count, 17); // (4 + 3) * 2 + 3
-        EXPECT_EQ(run.topo.point_count, row.points + 17);
+        EXPECT_EQ(run.topo.point_count, number_in(points) + 17);
         const std::vector<float> nodes = { 60, 65, 70, 75, 57.5F, 62.5F, 67.5F, 72.5F, 55, 60, 65, 70 };
-        EXPECT_EQ(listed(run.topo.node_topo), row.method == 4 ? nodes : std::vector<float>());
+        EXPECT_EQ(listed(run.topo.node_topo), method == "4" ? nodes : std::vector<float>());
         EXPECT_EQ(run.recorded.progress.steps, (std::vector<std::string>{ "Loading grid data", "Interpolate topo values" }));
         EXPECT_FALSE(run.has_working_copies());
     }

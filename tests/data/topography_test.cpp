@@ -113,29 +113,25 @@ TEST(topography, given_a_stop_or_a_fault_then_the_stop_passes_and_the_fault_is_t
 
 TEST(topography, given_air_cells_then_the_layers_above_are_marked_and_readings_lie_a_tenth_above_the_solid_ones)
 {
-    const struct {
-        std::int32_t method, points;
-        std::vector<float> z; ///< afterwards
-        std::vector<float> model;
-    } cases[] = {
-        { 3, 30, { 100.1F, 90.1F, 90.2F, 40.1F, -5 }, { 0, -1, -1, -1, -1, 0, 0, 0, -1, 0, 0, 0, 0, -1, 0 } },
-        { 4, 30, { 100.05F, 20, 90.2F, 20, -5 }, { 0, -1, -1, -1, -1, 0, 0, 0, -1, 0, 0, 0, 0, -1, 0 } },
-        { 3, 0, { 100.1F, 100.1F, 100.1F, 100.1F, -5 }, std::vector<float>(15, 0.0F) }, // no surface: the mesh top
-    };
     const UbcMesh mesh = even_mesh(5, 1, { 100, 90, 70, 40 });
-    for (const auto & row : cases) {
+    for (const auto & [method, points, z, air] : cases_of<4>("air_cells.cases")) {
         RecordedHost host;
         TopoSurface topo;
-        topo.point_count = row.points;
+        topo.point_count = number_in(points);
         topo.air_cells = { 0, 1, 1, 3, 1 };
         SelectedData selected;
         selected.cells_x = 5, selected.cells_y = 1;
         selected.occupied = { 1, 1, 1, 1, 0 };
         selected.z = { 100.05F, 20, 90.2F, 20, -5 };
         List<float> model(15);
-        ASSERT_EQ(process_inversion_topo(definition_of(row.method), mesh, topo, selected, model, host.host), Status::good);
-        EXPECT_TRUE(std::ranges::equal(selected.z.items(), row.z)) << row.method << " " << row.points;
-        EXPECT_TRUE(std::ranges::equal(model.items(), row.model)) << row.method << " " << row.points;
+        ASSERT_EQ(process_inversion_topo(definition_of(number_in(method)), mesh, topo, selected, model, host.host), Status::good);
+        std::string heights, marks;
+        for (std::int32_t i = 1; i <= 4; ++i) heights += (i > 1 ? " " : "") + general_text(selected.z[i]);
+        for (std::int32_t i = 1; i <= 15; ++i)
+            marks += std::string(i % 5 == 1 && i > 1 ? " " : "") + (model[i] == -1 ? "1" : model[i] == 0 ? "0" : "?");
+        EXPECT_EQ(heights, z) << method;
+        EXPECT_EQ(selected.z[5], -5) << method;
+        EXPECT_EQ(marks, air) << method;
     }
 }
 

@@ -9,6 +9,10 @@
 
 namespace {
 
+struct Place {
+    double x, y, z;
+};
+
 struct Points {
     std::vector<double> x, y, z;
     void add(double east, double north, double elevation)
@@ -51,19 +55,15 @@ TEST(triangulation, given_points_on_a_plane_then_the_plane_comes_back_and_nothin
 
 TEST(triangulation, given_a_kite_then_the_short_diagonal_is_the_edge_and_edges_and_corners_have_values)
 {
-    Points points;
-    points.add(0, 0, 0);
-    points.add(4, -1, 8);
-    points.add(8, 0, 0);
-    points.add(4, 1, 8);
-    points.add(4, 1, 99); // again, and so without effect
-    points.add(0, 0, 99);
+    Points points; // the last two again, and so without effect
+    for (const auto & [x, y, z] : { Place{ 0, 0, 0 }, { 4, -1, 8 }, { 8, 0, 0 }, { 4, 1, 8 }, { 4, 1, 99 }, { 0, 0, 99 } })
+        points.add(x, y, z);
     Triangulation surface;
     ASSERT_TRUE(points.build(surface));
-    const struct {
-        double x, y, z;
-    } cases[] = { { 4, 0, 8 }, { 2, 0, 4 }, { 2, 0.5, 4 }, { 2, -0.5, 4 }, { 0, 0, 0 }, { 4, 1, 8 }, { 2, 0.51, -1e32 } };
-    for (const auto & row : cases) EXPECT_DOUBLE_EQ(surface.at(row.x, row.y), row.z) << row.x << " " << row.y;
+    const Place places[] = {
+        { 4, 0, 8 }, { 2, 0, 4 }, { 2, 0.5, 4 }, { 2, -0.5, 4 }, { 0, 0, 0 }, { 4, 1, 8 }, { 2, 0.51, -1e32 }
+    };
+    for (const auto & [x, y, z] : places) EXPECT_DOUBLE_EQ(surface.at(x, y), z) << x << " " << y;
 }
 
 TEST(triangulation, given_searches_from_anywhere_then_the_same_elevations_to_the_last_digit)

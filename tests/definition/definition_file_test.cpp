@@ -170,15 +170,12 @@ TEST(read_inversion_parameter_file, given_a_fault_within_then_it_is_told_and_wha
 
 TEST(read_inversion_parameter_file, given_no_definition_then_it_is_refused_and_the_record_is_unchanged)
 {
-    const std::pair<const char *, const char *> cases[] = {
-        { "", "The specified file was empty" },
-        { "\r\n  \r\n", "The specified file was empty" },
-        { "Version 3.0\r\n", "The specified file was empty" },
-        { "12 13\r\nTopo type: 5\r\n", "Varnok cannot handle this file format" },
-        { "Version 1.9\r\nTopo type: 5\r\n", "Varnok cannot handle this file format" },
-        { "Ver 3\r\nTopo type: 5\r\n", "Varnok cannot handle this file format" },
-    };
-    for (const auto & [content, message] : cases) {
+    const std::string empty = "The specified file was empty", unknown = "Varnok cannot handle this file format";
+    for (const auto & [content, message] : { std::pair("\r\n  \r\n", empty),
+                                             { "Version 3.0\r\n", empty },
+                                             { "12 13\r\nTopo type: 5\r\n", unknown },
+                                             { "Version 1.9\r\nTopo type: 5\r\n", unknown },
+                                             { "Ver 3\r\nTopo type: 5\r\n", unknown } }) {
         const Read read = read_text(content, Selection::all, example());
         EXPECT_EQ(read.status, Status::bad) << content;
         EXPECT_EQ(read.messages, std::vector<std::string>{ message }) << content;

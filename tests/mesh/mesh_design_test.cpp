@@ -1,3 +1,4 @@
+#include "fakes/case_table.h"
 #include "mesh/mesh_design.h"
 
 #include <gtest/gtest.h>
@@ -89,14 +90,12 @@ TEST(determine_inversion_mesh, given_counts_that_cannot_be_then_the_mesh_stays)
 
 TEST(padding, given_texts_then_items_are_counted_or_refused)
 {
-    for (const auto & [text, count] : { std::pair("1,2,4,8", 4), { " 1 , 2.5 ", 2 }, { "", 0 } }) {
+    for (const auto & [text, cells] : cases_of<2>("padding.cases")) {
         Padding padding;
-        EXPECT_EQ(calculate_cell_counts(small_core(text), padding), Status::good) << text;
-        EXPECT_EQ(padding.total_cells, (std::array{ 3 + 2 * count, 2 + 2 * count, 2 })) << text;
-    }
-    for (const char * text : { "1,2,x", "1,0", "1,-2", "1,2,", "1,,2" }) {
-        Padding padding;
-        EXPECT_EQ(calculate_cell_counts(small_core(text), padding), Status::bad) << text;
+        const bool good = cells != "faulty";
+        EXPECT_EQ(calculate_cell_counts(small_core(text.c_str()), padding), good ? Status::good : Status::bad) << text;
+        const std::int32_t more = good ? 2 * number_in(cells) : 0;
+        EXPECT_TRUE(!good || padding.total_cells == (std::array{ 3 + more, 2 + more, 2 })) << text;
     }
 }
 

@@ -1,24 +1,17 @@
+#include "fakes/case_table.h"
 #include "mesh/weighting_list.h"
+#include "support/numbers.h"
 
 #include <gtest/gtest.h>
-#include <vector>
 
 TEST(parse_weighting_list, given_a_list_then_its_numbers_or_no_change)
 {
-    const std::pair<const char *, std::vector<double>> cases[] = {
-        { " 1.5 , .25,3 ", { 1.5, 0.25, 3 } },
-        { "", {} },
-        // faulty: not above 0, no number, a blank that separates nothing, nothing at all, too large
-        { "1,0,2", { 7 } },
-        { "1,-2", { 7 } },
-        { "x", { 7 } },
-        { "1 2", { 7 } },
-        { "1,,2", { 7 } },
-        { "1e999", { 7 } },
-    };
-    for (const auto & [text, expected] : cases) {
+    for (const auto & [text, numbers] : cases_of<2>("weighting_list.cases")) {
         List<double> items = { 7 };
-        EXPECT_EQ(parse_weighting_list(text, items) == Status::bad, expected == std::vector<double>{ 7 }) << text;
-        EXPECT_EQ(std::vector<double>(items.items().begin(), items.items().end()), expected) << text;
+        const bool faulty = numbers == "faulty";
+        EXPECT_EQ(parse_weighting_list(text, items), faulty ? Status::bad : Status::good) << text;
+        std::string found;
+        for (const double item : items.items()) found += (found.empty() ? "" : " ") + general_text(item);
+        EXPECT_EQ(found, faulty ? "7" : numbers) << text;
     }
 }

@@ -60,17 +60,6 @@ TEST(unload_mesh, given_a_lower_part_then_neither_a_build_nor_a_check_loses_it)
     filled.expect("Text_num_cells 3 =; Text_num_cells 4 = 10; Text_num_z_cells = 12; Text_min_val 3 = 0.0");
 }
 
-TEST(unload_mesh, given_the_first_build_then_the_totals_and_outer_limits_are_shown)
-{
-    Filled filled;
-    filled.expect("Text_num_cells 6 = 8; Text_num_cells 7 = 8; Text_num_cells 8 = 12; Text_num_cells 5 = 768");
-    filled.expect("Text_min_east = -300; Text_max_east = 700; Text_range_east = 1000");
-    filled.expect("Text_min_north = -150; Text_max_north = 350; Text_range_north = 500");
-    // The design mesh ends at -30; its padding is counted once more.
-    filled.expect("Text_min_elev = -60; Text_max_elev = 100; Text_range_elev = 160");
-    filled.expect("Tile overlap: 0"); // of a blank box
-}
-
 TEST(unload_mesh, given_more_cells_than_can_be_counted_then_the_unloading_ends_or_leaves_the_product_out)
 {
     Filled filled;
