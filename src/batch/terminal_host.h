@@ -41,6 +41,7 @@ public:
     {
         return std::nullopt;
     }
+    bool check_options(const std::string &, std::vector<CheckOption> &) override { return false; }
 
 private:
     TerminalProgress & progress_;

@@ -4,9 +4,23 @@
 #include "support/numbers.h"
 #include "support/text.h"
 
+#include <algorithm>
+
 Creation start_creation(const ValidatedDefinition & definition, const UbcMesh & mesh, const std::string & folder, CreateMode mode)
 {
     return { *definition, definition.in_use(), mesh, folder, mode };
+}
+
+std::int32_t Creation::blended_core_cells() const
+{
+    // There is nothing to blend into below the last cell.
+    return std::min(add_counts(definition.mesh_cells[2], definition.tile_z_blend), mesh.cells_z());
+}
+
+std::int32_t Creation::tile_cells_z() const
+{
+    const bool regional = definition.inversion_method == 4 && definition.include_regional_mesh == 1;
+    return regional ? mesh.cells_z() : blended_core_cells();
 }
 
 bool is_model_file(const std::string & field) { return !trim(field).empty() && !same_text(field, "NULL") && !is_numeric(field); }

@@ -2,13 +2,20 @@
 
 #include "creation/solver.h"
 #include "definition/validated_definition.h"
-#include "mesh/ubc_mesh.h"
+#include "mesh/tile_layout.h"
+#include "model/base_model.h"
 
 #include <string>
 #include <vector>
 
 /// What a creation run produces.
 enum class CreateMode { all = 0, parameters = 1, variation = 2, variation_with_data = 3 };
+
+/// What a refined inversion refines, and how it is cut into tiles.
+struct Refined {
+    BaseModel & base; ///< its model is changed and restored while it is interpolated
+    TileLayout tiles;
+};
 
 /// What the writers of one run share. Refers to the record and the mesh, which must outlive it.
 struct Creation {
@@ -17,11 +24,17 @@ struct Creation {
     const UbcMesh & mesh;
     std::string folder; ///< with a "\" at its end
     CreateMode mode = CreateMode::all;
-    std::string thread_suffix = {}; ///< a blank and the thread count, set by the weight-program input; otherwise empty
+    const Refined * refined = nullptr; ///< set when the inversion is tiled
+    std::string thread_suffix = {};    ///< a blank and the thread count, set by the weight-program input; otherwise empty
 
     bool is_variation() const { return mode == CreateMode::variation || mode == CreateMode::variation_with_data; }
     /// "..\" in a variation, whose shared files lie in the parent folder.
     std::string path_prefix() const { return is_variation() ? "..\\" : ""; }
+    const TileLayout & tiles() const { return refined->tiles; }
+    /// Cells of the core from the top down, with those below it that are blended.
+    std::int32_t blended_core_cells() const;
+    /// Cells of a tile from the top down: the same, or all when the own solver's tiles include the regional mesh.
+    std::int32_t tile_cells_z() const;
     const Solver & solver() const { return solver_of(definition.inversion_method); }
     /// The file names of the inversion's class, gravity or magnetic.
     const ClassFiles & files() const { return class_files(file_class(definition)); }

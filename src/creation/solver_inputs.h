@@ -14,6 +14,9 @@ Lines sensitivity_input_lines(const Creation & creation);
 /// The input of the inversion program.
 Lines inversion_input_lines(const Creation & creation, SolverStart start);
 
+/// The input of the inversion program of a tile, which is laid out in its own way for most solvers.
+Lines tile_input_lines(const Creation & creation, SolverStart start);
+
 /// Writes the weight-program and sensitivity inputs that the method has, and sets `thread_suffix`. Nothing is written for
 /// method 1 or in a variation, which uses its parent's matrix. Fails with a `FileFault`.
 void write_sensitivity_inputs(Creation & creation);

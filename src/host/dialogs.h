@@ -2,6 +2,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 /// What a file dialog shows: its title, its filter ("words|*.a;*.b|more words|*.*") and where it starts.
 struct FileDialog {
@@ -9,6 +10,12 @@ struct FileDialog {
     std::string filter;
     std::string start;             // a definition path, or empty
     std::string default_extension; // for saving
+};
+
+/// One line of a form of check options.
+struct CheckOption {
+    std::string label, tool_tip;
+    bool on = false;
 };
 
 /// The boxes that stop the user. All texts are UTF-8, all paths definition paths.
@@ -27,4 +34,6 @@ public:
     /// One line of text; nothing when cancelled.
     virtual std::optional<std::string> input(const std::string & title, const std::string & prompt,
                                              const std::string & start) = 0;
+    /// A form of check options; false, with the options as they were, when cancelled.
+    virtual bool check_options(const std::string & title, std::vector<CheckOption> & options) = 0;
 };

@@ -23,6 +23,21 @@ struct UbcMesh {
     double core_y_start = 0, core_y_end = 0;
     double mesh_z_top = 0, mesh_z_bottom = 0;
 
+    // What a mesh file brings besides; a design mesh leaves it as it is here.
+    std::int32_t mesh_format = 0;                    ///< 0 UBC, 1 earth, sea and air layers, 2 to 5 with topography
+    double origin_x = 0, origin_y = 0, origin_z = 0; ///< the first nodes; z is the top
+    std::int32_t padding_x_start = 0, padding_x_end = 0, padding_y_start = 0, padding_y_end = 0; ///< padding cells found
+    std::int32_t padding_z_top = 0, padding_z_bottom = 0;
+    double core_size_x = 0, core_size_y = 0, core_size_z = 0; ///< smallest width inside the core
+    std::int32_t earth_cells = 0, sea_cells = 0, air_cells = 0;
+    bool topo_present = false;
+    List<float> topo_nodes; ///< elevation at each surface node, x fastest; -1e32 where the file holds no number
+    float topo_min = 1e32F, topo_max = -1e32F;
+    float drape_top = 0, drape_bottom = 0, drape_depth = 0;
+    bool trapezoid_present = false;
+    List<double> trapezoid_nodes;  ///< a pair of positions per surface node, x fastest, the pair together
+    double trapezoid_rotation = 0; ///< radians
+
     std::int32_t cells_x() const { return total_cells[0]; }
     std::int32_t cells_y() const { return total_cells[1]; }
     std::int32_t cells_z() const { return total_cells[2]; }

@@ -4,6 +4,8 @@
 #include "form/form.h"
 #include "host/host.h"
 #include "mesh/mesh_design.h"
+#include "mesh/tile_layout.h"
+#include "model/base_model.h"
 
 /// The inversion being set up: the form, the record behind it, and what has been derived from both.
 struct Setup {
@@ -16,4 +18,7 @@ struct Setup {
     InUse in_use;
     Padding padding;
     UbcMesh design_mesh;
+    BaseModel base;     ///< what is refined; empty in simple mode
+    TileLayout tiles;   ///< of the design mesh, in refined mode
+    Tile selected_tile; ///< 0, 0 when none is
 };

@@ -27,6 +27,13 @@ struct RecordedDialogs : Dialogs {
     {
         return pick(title);
     }
+    /// A pick holds a "1" or "0" per option.
+    bool check_options(const std::string & title, std::vector<CheckOption> & options) override
+    {
+        const auto picked = pick(title);
+        for (std::size_t i = 0; picked && i < options.size(); ++i) options[i].on = picked->at(i) == '1';
+        return picked.has_value();
+    }
 
 private:
     std::optional<std::string> pick(const std::string & title)

@@ -1,0 +1,1 @@
+#include "creation/creation.h"

@@ -1,0 +1,1 @@
+#include "creation/solver_inputs.h"

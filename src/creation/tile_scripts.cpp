@@ -1,0 +1,1 @@
+#include "creation/tile_scripts.h"

@@ -1,0 +1,1 @@
+#include "creation/top_scripts.h"

@@ -1,0 +1,1 @@
+#include "mesh/complete_mesh.h"

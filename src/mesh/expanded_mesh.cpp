@@ -1,0 +1,1 @@
+#include "mesh/expanded_mesh.h"

@@ -1,0 +1,1 @@
+#include "mesh/refined_mesh.h"

@@ -1,0 +1,1 @@
+#include "mesh/tile_layout.h"

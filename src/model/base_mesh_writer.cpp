@@ -1,0 +1,1 @@
+#include "model/base_mesh_writer.h"

@@ -1,0 +1,1 @@
+#include "model/mesh_reader.h"
