@@ -1,0 +1,35 @@
+rem Coord Boundaries: 1600.00000 1700.00000 5360.00000 5440.00000
+rem Cell Boundaries: 3 5 3 5
+ 
+cd tile0101
+ 
+ 
+rem extract initial model
+ 
+DMXextract ..\mesh ..\start.den start.den 3 6 3 6 1 5
+ 
+ 
+rem extract reference model
+ 
+DMXextract ..\mesh ..\known.den known.den 3 6 3 6 1 5
+ 
+@if exist gzinv3d.mtx goto skipsen:
+gzsen3d mesh grav.obs topo.dat
+ 
+:skipsen
+ 
+@if exist gzinv3d.rho goto RestartInversion:
+gzinv3d gzinv3d.inp
+goto :FinishInversion
+ 
+:RestartInversion
+ 
+gzinv3d gzinv3d.restart
+ 
+:FinishInversion
+ 
+dmxerror grav.obs gzinv3d.pre error.dat mesh
+DMXinsert mesh gzinv3d.den ..\mesh ..\gzinv3d.den 3 4 3 4 1 5 1 2
+ 
+ 
+cd ..

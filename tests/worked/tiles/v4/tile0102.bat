@@ -1,0 +1,25 @@
+rem Coord Boundaries: 1600.00000 1700.00000 5440.00000 5520.00000
+rem Cell Boundaries: 3 5 5 7
+ 
+cd tile0102
+ 
+@if exist maginv3d.mtx goto skipsen:
+magsen3d magsen3d.inp
+ 
+:skipsen
+ 
+@if exist maginv3d.kap goto RestartInversion:
+maginv3d maginv3d.inp
+goto :FinishInversion
+ 
+:RestartInversion
+ 
+maginv3d maginv3d.restart
+ 
+:FinishInversion
+ 
+dmxerror mag.obs maginv3d.pre error.dat mesh
+DMXinsert mesh maginv3d.sus ..\mesh ..\maginv3d.sus 3 4 5 6 1 5 1 2
+ 
+ 
+cd ..
