@@ -33,6 +33,7 @@ def at_most(work, ratio, of, by, limit):
 
 READ, NEAREST = "read 5 M rows of 10 columns, 5 wanted", "nearest reading per cell, 5 M readings, 1 M cells"
 TOPOGRAPHY, MODEL = "1 M points of the ground onto 512 x 512 cells", "write a model of 8.4 M cells"
+MODEL_READ = "read a model of 8.4 M cells"
 WHOLE, TINY = "create, 1 M readings + 1 M points, 256 x 256 x 64", "create, 100 readings + 100 points, 10 x 10 x 10"
 GRIDS = "readings of 1000 x 1000 cells from three grids of 20,000 x 20,000"
 GROUND = "topography/topography/scattered/1000"
@@ -48,6 +49,8 @@ AIMS = [
     at_most(TOPOGRAPHY, "a lattice of points / scattered ones", "topography/topography/lattice/1000", GROUND, 1.35),
     at_least(GRIDS, "gdal_translate and numpy / ours", "grid/gdal_translate_numpy", "grid/ours", 1.5),
     at_most(GRIDS, "ours / from files a quarter of the size", "grid/ours", "grid/ours_quarter_of_the_file", 1.25),
+    at_least(MODEL_READ, "numpy.loadtxt / ours", "model_read/numpy_loadtxt", "model_read/ours", 3.4),
+    at_most(MODEL_READ, "ours / mapped file and from_chars", "model_read/ours", "model_read/floor", 1.3),
     at_least(MODEL, "numpy.savetxt / ours", "model_write/numpy_savetxt", "model_write/ours", 22),
     at_least(MODEL, "formatting in blocks / ours", "model_write/blocks", "model_write/ours", 6),
     at_most(MODEL, "ours / std::to_chars", "model_write/ours", "model_write/floor", 0.5),

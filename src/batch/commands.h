@@ -63,3 +63,6 @@ Status transform_command(const TransformOptions & options, Host & display);
 
 /// Prints what the grid access makes of a file, one "name: value" a line.
 Status grid_command(const std::string & file, Host & display);
+
+/// Reads a mesh file and a model on it, and prints the model's count of cells and its range in the units of the file.
+Status model_command(const std::string & mesh, const std::string & model, Host & display);

@@ -47,6 +47,7 @@ struct CommandLine {
     std::string check;
     BaseFiles check_base;
     std::string grid;
+    std::string mesh, model;
     LimitsOptions limits;
     TransformOptions transform;
 };
@@ -205,9 +206,21 @@ void add_grid(CommandLine & line)
         [&line] { line.run = [&line](Host & host) { return grid_command(absolute_definition_path(line.grid), host); }; });
 }
 
+void add_model(CommandLine & line)
+{
+    CLI::App * const command = line.parser.add_subcommand("model", "Print what a model file on a mesh is understood to be");
+    command->add_option("MESH", line.mesh, "mesh file")->required();
+    command->add_option("MODEL", line.model, "model file")->required();
+    command->callback([&line] {
+        line.run = [&line](Host & host) {
+            return model_command(absolute_definition_path(line.mesh), absolute_definition_path(line.model), host);
+        };
+    });
+}
+
 void add_later_commands(CommandLine & line)
 {
-    for (const char * name : { "mesh", "model", "igrf", "start" }) {
+    for (const char * name : { "mesh", "igrf", "start" }) {
         CLI::App * const command = line.parser.add_subcommand(name, "not available yet");
         command->allow_extras();
         command->callback([&line, name] {
@@ -262,6 +275,7 @@ int main(int argument_count, char ** arguments)
     add_limits(line);
     add_transform(line);
     add_grid(line);
+    add_model(line);
     add_later_commands(line);
     try {
         line.parser.parse(argument_count, arguments);
