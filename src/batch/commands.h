@@ -66,3 +66,5 @@ Status grid_command(const std::string & file, Host & display);
 
 /// Reads a mesh file and a model on it, and prints the model's count of cells and its range in the units of the file.
 Status model_command(const std::string & mesh, const std::string & model, Host & display);
+/// Reads a mesh file and prints what it holds, one "name: value" a line. Bad as well when it is of a kind that gives no mesh.
+Status mesh_command(const std::string & file, Host & display);

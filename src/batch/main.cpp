@@ -218,9 +218,17 @@ void add_model(CommandLine & line)
     });
 }
 
+void add_mesh(CommandLine & line)
+{
+    CLI::App * const command = line.parser.add_subcommand("mesh", "Print what a mesh file holds");
+    command->add_option("FILE", line.mesh, "mesh file")->required();
+    command->callback(
+        [&line] { line.run = [&line](Host & host) { return mesh_command(absolute_definition_path(line.mesh), host); }; });
+}
+
 void add_later_commands(CommandLine & line)
 {
-    for (const char * name : { "mesh", "igrf", "start" }) {
+    for (const char * name : { "igrf", "start" }) {
         CLI::App * const command = line.parser.add_subcommand(name, "not available yet");
         command->allow_extras();
         command->callback([&line, name] {
@@ -276,6 +284,7 @@ int main(int argument_count, char ** arguments)
     add_transform(line);
     add_grid(line);
     add_model(line);
+    add_mesh(line);
     add_later_commands(line);
     try {
         line.parser.parse(argument_count, arguments);
