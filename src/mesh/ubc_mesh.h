@@ -48,3 +48,9 @@ struct UbcMesh {
 /// The largest number k with nodes[k] at or below `value`, found by bisection: 0 below the first node, the last number from the
 /// last node up. nodes ascend.
 std::int32_t interval_of(const List<double> & nodes, double value);
+
+/// Positions closer than this, in metres, are one: limits come from texts of 15 digits, and nodes are running sums.
+inline constexpr double same_place = 1e-6;
+
+/// As `interval_of`, where a value just short of a node lies on it.
+std::int32_t node_not_above(const List<double> & nodes, double value);
