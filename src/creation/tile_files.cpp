@@ -2,12 +2,10 @@
 
 #include "creation/solver_inputs.h"
 #include "creation/tile_solver.h"
-#include "support/fault.h"
+#include "support/file_writer.h"
 #include "support/paths.h"
 
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr Tile first_tile = { 1, 1 };
 
@@ -22,7 +20,7 @@ std::vector<std::string> sensitivity_input_names(const Solver & solver)
 
 void copy_files(const std::vector<std::string> & names, const std::string & from, const std::string & to)
 {
-    for (const std::string & name : names) copy_over(from + name, to + name);
+    for (const std::string & name : names) copy_file(from + name, to + name);
 }
 
 }
@@ -50,15 +48,4 @@ void write_tile_inputs(const Creation & creation, Tile tile)
     }
     write_lines(folder + input, tile_input_lines(creation, SolverStart::fresh));
     write_lines(folder + restart, tile_input_lines(creation, SolverStart::restart));
-}
-
-void copy_over(const std::string & from, const std::string & to)
-{
-    std::error_code error;
-    const fs::path source = host_path(from), target = host_path(to);
-    if (fs::equivalent(source, target, error)) return;
-    if (!fs::exists(source, error)) throw FileFault("cannot copy the file", from, "it does not exist");
-    delete_file(to);
-    fs::copy_file(source, target, fs::copy_options::overwrite_existing, error);
-    if (error) throw FileFault("cannot copy to " + to + " the file", from, error.message());
 }

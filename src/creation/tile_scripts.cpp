@@ -194,7 +194,6 @@ std::string own_limits(const Creation & creation, Tile tile)
 
 bool write_tile_run_files(const Creation & creation, Tile tile, CoarseMatrix & matrix, Host & host)
 {
-    host.progress.line("Creating inversion input and batch files for " + tile_name(tile));
     prepare_tile_folder(creation, tile);
     if (!write_tile_script(creation, tile, matrix, host.dialogs)) return false;
     write_tile_inputs(creation, tile);

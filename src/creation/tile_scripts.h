@@ -26,8 +26,8 @@ std::string insert_line(const Creation & creation, Tile tile);
 /// West, east, south and north limit of the tile's own part.
 std::string own_limits(const Creation & creation, Tile tile);
 
-/// Reports the tile, makes its folder, writes its script and puts the solver inputs into the folder: the first tile's are
-/// written, the others' copied from it.
+/// Makes the tile's folder, writes its script and puts the solver inputs into the folder: the first tile's are written, the
+/// others' copied from it.
 ///
 /// False when the own solver's coarse matrix is missing and the user does not want to go on: the script then ends where the
 /// question came up. Fails with a `FileFault`.
