@@ -29,7 +29,10 @@ struct GivenCreation {
             if (const std::int32_t code = definition.obs_data_types[i]; code >= 0)
                 definition.matrix_files[i] = data_type_of(code).matrix_file;
         const auto has = [&](const char * word) { return std::ranges::count(parts_of(run, ' '), word) > 0; };
-        in_use = { .rock_properties = has("rock"), .reference = !has("no-reference"), .bounds = !has("no-bounds") };
+        in_use = { .rock_properties = has("rock"),
+                   .reference = !has("no-reference"),
+                   .bounds = !has("no-bounds"),
+                   .model_file = has("no-fast-form") };
         if (has("parameters")) mode = CreateMode::parameters;
         if (has("variation")) mode = CreateMode::variation;
         if (has("variation-data")) mode = CreateMode::variation_with_data;
