@@ -36,6 +36,7 @@ TOPOGRAPHY, MODEL = "1 M points of the ground onto 512 x 512 cells", "write a mo
 MODEL_READ = "read a model of 8.4 M cells"
 WHOLE, TINY = "create, 1 M readings + 1 M points, 256 x 256 x 64", "create, 100 readings + 100 points, 10 x 10 x 10"
 GRIDS = "readings of 1000 x 1000 cells from three grids of 20,000 x 20,000"
+RESAMPLED, SPLINE = "a model of 256 x 256 x 64 cells onto 512 x 512 x 128", "interpolation/map_coordinates"
 GROUND = "topography/topography/scattered/1000"
 AIMS = [
     at_least(READ, "numpy.loadtxt / ours", "location_reader/numpy_loadtxt", "location_reader/ours", 2),
@@ -54,6 +55,10 @@ AIMS = [
     at_least(MODEL, "numpy.savetxt / ours", "model_write/numpy_savetxt", "model_write/ours", 22),
     at_least(MODEL, "formatting in blocks / ours", "model_write/blocks", "model_write/ours", 6),
     at_most(MODEL, "ours / std::to_chars", "model_write/ours", "model_write/floor", 0.5),
+    at_least(RESAMPLED, "scipy's map_coordinates / ours", SPLINE, "interpolation/ours", 20),
+    at_least(RESAMPLED + ", air and holes", "scipy's map_coordinates without any / ours", SPLINE, "interpolation/ours_nulls", 6.5),
+    at_least(RESAMPLED + ", air filled, holes", "scipy's map_coordinates without any / ours", SPLINE,
+             "interpolation/ours_nulls_filled", 6.5),
     at_least(WHOLE, "a tuned script / ours", "create/script_whole", "create/create_whole", 8),
     at_most(WHOLE, "ours / its parts chained", "create/create_whole", "create/floor_parts_chained", 1.25),
     at_most(WHOLE, "peak memory, MB", "create/create_whole_memory", None, 400),
