@@ -1,4 +1,5 @@
-#include "creation/solver_inputs.h"
+#include "creation/inversion_input.h"
+
 #include "support/numbers.h"
 #include "support/paths.h"
 #include "support/pattern.h"
@@ -8,14 +9,27 @@
 
 namespace {
 
-std::string start_flag(SolverStart start) { return start == SolverStart::restart ? "1" : "0"; }
+// -- weights of the model norm
 
-std::string inversion_mode(const InversionDefinition & definition) { return general_text(definition.inversion_mode + 1); }
+std::string joined(float a, float b, float c) { return general_text(a) + " " + general_text(b) + " " + general_text(c); }
 
-/// Each number brings its own sign place, so two blanks stand between positive ones.
-std::string trade_off(const InversionDefinition & definition)
+/// The first solver drops the vertical weight where all others drop the smallest.
+std::string alphas_of_first_solver(const InversionDefinition & definition)
 {
-    return str_text(definition.trade_off) + " " + str_text(definition.misfit_tolerance);
+    if (definition.alpha_mode == 1 && definition.alpha_method > 0)
+        return joined(definition.alpha_s, definition.alpha_e, definition.alpha_n);
+    return alpha_line(definition);
+}
+
+// -- the own solver's positivity
+
+/// -1 negative, 0 unconstrained, 1 positive, 2 logarithmic. The blank is the place of the sign, so that -1 stands glued to
+/// the number before it.
+std::string positivity(const InversionDefinition & definition)
+{
+    if (definition.positivity >= 1) return format_number(definition.positivity - 2, " 0");
+    const std::int32_t type = definition.obs_data_types[0];
+    return type == 100 || type == 1 || type == 30 ? " 1" : " 0";
 }
 
 // -- model fields: files, values or "null"
@@ -70,31 +84,6 @@ std::string marked_bound(const Creation & creation, const std::string & field, c
     return is_model_file(field) ? shared_file(creation, field) : value_of(creation, field, null_value);
 }
 
-// -- weights of the model norm
-
-std::string joined(float a, float b, float c) { return general_text(a) + " " + general_text(b) + " " + general_text(c); }
-
-/// Smallest, east, north and vertical weight; given as lengths there are only the last three.
-std::string alphas(const InversionDefinition & definition)
-{
-    if (definition.alpha_mode != 1) return "null";
-    const std::string directions = joined(definition.alpha_e, definition.alpha_n, definition.alpha_v);
-    return definition.alpha_method > 0 ? directions : general_text(definition.alpha_s) + " " + directions;
-}
-
-/// The first solver drops the vertical weight where all others drop the smallest.
-std::string alphas_of_first_solver(const InversionDefinition & definition)
-{
-    if (definition.alpha_mode == 1 && definition.alpha_method > 0)
-        return joined(definition.alpha_s, definition.alpha_e, definition.alpha_n);
-    return alphas(definition);
-}
-
-std::string weighting(const InversionDefinition & definition)
-{
-    return has_weighting_file(definition) ? "w.dat" : definition.weighting_model;
-}
-
 // -- iterations and the field's direction
 
 constexpr double radians_per_degree = 0.017453292; // to these digits, as the transform has it
@@ -128,43 +117,18 @@ std::string own_first_line(const InversionDefinition & definition, SolverStart s
     return start_flag(start) + " " + general_text(definition.obs_data_type_count);
 }
 
-std::string background(const InversionDefinition & definition)
-{
-    return "2 " + general_text(definition.background_method) + " " + format_number(definition.background_value, "0.0000");
-}
-
-/// -1 negative, 0 unconstrained, 1 positive, 2 logarithmic. The blank is the place of the sign, so that -1 stands glued to
-/// the number before it.
-std::string positivity(const InversionDefinition & definition)
-{
-    if (definition.positivity >= 1) return format_number(definition.positivity - 2, " 0");
-    const std::int32_t type = definition.obs_data_types[0];
-    return type == 100 || type == 1 || type == 30 ? " 1" : " 0";
-}
-
-std::string own_trade_off(const InversionDefinition & definition)
-{
-    std::string line = trade_off(definition) + positivity(definition);
-    if (definition.data_integration_time > 0) line += " " + str_text(definition.data_integration_time);
-    return line;
-}
-
 /// A variation with new data has them in its own folder.
 std::string own_observed(const Creation & creation)
 {
     return (creation.mode == CreateMode::variation_with_data ? "" : creation.path_prefix()) + creation.files().observed;
 }
 
-/// One matrix per observed type. Those of three-component data are one text, which never points to the parent folder.
+/// Those of three-component data are one text, which never points to the parent folder.
 std::string own_matrices(const Creation & creation)
 {
     const InversionDefinition & definition = creation.definition;
     if (definition.obs_data_types[0] == 100) return definition.matrix_files[0];
-    if (definition.obs_data_type_count < 2) return creation.path_prefix() + "qvinv3d.mtx";
-    std::string matrices = creation.path_prefix() + definition.matrix_files[0];
-    for (std::int32_t i = 1; i < definition.obs_data_type_count; ++i)
-        matrices += "|" + creation.path_prefix() + definition.matrix_files[static_cast<std::size_t>(i)];
-    return matrices;
+    return own_matrix_list(definition, creation.path_prefix());
 }
 
 // -- the whole inputs
@@ -174,15 +138,15 @@ Lines own_lines(const Creation & creation, SolverStart start)
     const InversionDefinition & definition = creation.definition;
     Lines lines = {
         own_first_line(definition, start),
-        background(definition),
-        own_trade_off(definition),
+        background_line(definition),
+        own_trade_off_line(definition),
         own_observed(creation),
         own_matrices(creation),
         initial_model(creation),
         reference_model(creation),
     };
     append(lines, bounds(creation));
-    append(lines, { alphas(definition), weighting(definition), "0" });
+    append(lines, { alpha_line(definition), weighting_line(definition), "0" });
     append(lines, iterations(creation));
     return lines;
 }
@@ -193,15 +157,15 @@ Lines classic_lines(const Creation & creation, SolverStart start)
     const std::string prefix = creation.path_prefix();
     Lines lines = {
         start_flag(start),
-        inversion_mode(definition),
-        trade_off(definition),
+        inversion_mode_line(definition),
+        trade_off_line(definition),
         prefix + creation.files().observed,
         prefix + creation.solver().inversion + ".mtx",
         initial_model(creation),
         reference_model(creation),
     };
     append(lines, bounds(creation));
-    append(lines, { alphas(definition), weighting(definition), "0" });
+    append(lines, { alpha_line(definition), weighting_line(definition), "0" });
     append(lines, iterations(creation));
     return lines;
 }
@@ -211,8 +175,8 @@ Lines marked_lines(const Creation & creation)
     const InversionDefinition & definition = creation.definition;
     const std::string prefix = creation.path_prefix();
     Lines lines = {
-        inversion_mode(definition),
-        trade_off(definition),
+        inversion_mode_line(definition),
+        trade_off_line(definition),
         prefix + creation.files().observed,
         prefix + creation.solver().inversion + ".mtx",
         initial_model(creation),
@@ -220,16 +184,62 @@ Lines marked_lines(const Creation & creation)
         "null",
         marked_bound(creation, definition.model_bounds[0], "-2.0"),
         marked_bound(creation, definition.model_bounds[1], "2.0"),
-        alphas(definition),
+        alpha_line(definition),
         definition.smoothness_method == 1 ? "SMOOTH_MOD_DIF" : "SMOOTH_MOD",
-        weighting(definition),
+        weighting_line(definition),
     };
     append(lines, iterations(creation));
     return lines;
 }
 
+}
+
+std::string start_flag(SolverStart start) { return start == SolverStart::restart ? "1" : "0"; }
+
+std::string inversion_mode_line(const InversionDefinition & definition) { return general_text(definition.inversion_mode + 1); }
+
+/// Each number brings its own sign place, so two blanks stand between positive ones.
+std::string trade_off_line(const InversionDefinition & definition)
+{
+    return str_text(definition.trade_off) + " " + str_text(definition.misfit_tolerance);
+}
+
+/// Given as lengths there are only the last three.
+std::string alpha_line(const InversionDefinition & definition)
+{
+    if (definition.alpha_mode != 1) return "null";
+    const std::string directions = joined(definition.alpha_e, definition.alpha_n, definition.alpha_v);
+    return definition.alpha_method > 0 ? directions : general_text(definition.alpha_s) + " " + directions;
+}
+
+std::string weighting_line(const InversionDefinition & definition)
+{
+    return has_weighting_file(definition) ? "w.dat" : definition.weighting_model;
+}
+
+std::string background_line(const InversionDefinition & definition)
+{
+    return "2 " + general_text(definition.background_method) + " " + format_number(definition.background_value, "0.0000");
+}
+
+std::string own_trade_off_line(const InversionDefinition & definition)
+{
+    std::string line = trade_off_line(definition) + positivity(definition);
+    if (definition.data_integration_time > 0) line += " " + str_text(definition.data_integration_time);
+    return line;
+}
+
+std::string own_matrix_list(const InversionDefinition & definition, const std::string & folder)
+{
+    if (definition.obs_data_type_count < 2) return folder + "qvinv3d.mtx";
+    std::string matrices = folder + definition.matrix_files[0];
+    for (std::int32_t i = 1; i < definition.obs_data_type_count; ++i)
+        matrices += "|" + folder + definition.matrix_files[static_cast<std::size_t>(i)];
+    return matrices;
+}
+
 /// The first solver's input names local files even in a variation, and its iterations are not `grav_iterations`.
-Lines first_solver_lines(const Creation & creation, SolverStart start)
+Lines first_solver_lines(const Creation & creation, SolverStart start, const std::string & bounds)
 {
     const InversionDefinition & definition = creation.definition;
     return {
@@ -245,18 +255,16 @@ Lines first_solver_lines(const Creation & creation, SolverStart start)
         file_name_of_path(definition.reference_model),
         alphas_of_first_solver(definition),
         definition.weighting_model,
-        definition.model_bounds[0],
+        bounds,
         "0",
     };
-}
-
 }
 
 Lines inversion_input_lines(const Creation & creation, SolverStart start)
 {
     switch (creation.solver().form) {
     case InputForm::first:
-        return first_solver_lines(creation, start);
+        return first_solver_lines(creation, start, creation.definition.model_bounds[0]);
     case InputForm::classic:
         return classic_lines(creation, start);
     case InputForm::marked:

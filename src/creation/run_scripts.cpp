@@ -30,13 +30,6 @@ Lines rock_property_lines(const Creation & creation)
     return lines;
 }
 
-Lines weight_lines(const Creation & creation)
-{
-    const Solver & solver = creation.solver();
-    if (!*solver.weight_input) return {};
-    return { std::string("pfweight ") + solver.weight_input + creation.thread_suffix };
-}
-
 /// A program that takes its input file, of the same name.
 std::string program_line(const Creation & creation, const std::string & program)
 {
@@ -46,8 +39,7 @@ std::string program_line(const Creation & creation, const std::string & program)
 Lines sensitivity_lines(const Creation & creation)
 {
     const Solver & solver = creation.solver();
-    if (solver.form == InputForm::first)
-        return { creation.definition.topo_type == 0 ? "gzsen3d mesh grav.obs topo.dat" : "gzsen3d mesh grav.obs" };
+    if (solver.form == InputForm::first) return { first_solver_sensitivity_line(creation.definition) };
     Lines lines = weight_lines(creation);
     lines.push_back(program_line(creation, solver.sensitivity));
     return lines;
@@ -55,9 +47,7 @@ Lines sensitivity_lines(const Creation & creation)
 
 std::string inversion_line(const Creation & creation)
 {
-    const Solver & solver = creation.solver();
-    const bool no_fast_form = solver.form == InputForm::own && creation.in_use.model_file;
-    return program_line(creation, solver.inversion) + (no_fast_form ? " NOFAST" : "");
+    return program_line(creation, creation.solver().inversion) + no_fast_form_option(creation);
 }
 
 Lines whole_job_lines(const Creation & creation)
@@ -76,9 +66,6 @@ Lines inversion_lines(const Creation & creation)
     append(lines, { inversion_line(creation), error_line(creation) });
     return lines;
 }
-
-/// Starts the cluster's worker service when it does not run yet.
-constexpr const char * start_worker_line = R"(tasklist | findstr " QVsen3D_RPCServer.exe" || START "" "QVsen3D_RPCServer.exe")";
 
 std::vector<Script> cluster_scripts()
 {
@@ -99,6 +86,23 @@ std::string error_line(const Creation & creation)
     const bool parent_data = solver.error_reads_parent_data[static_cast<std::size_t>(creation.mode)];
     return std::string(solver.error_tool) + " " + (parent_data ? prefix : "") + creation.files().observed + " " +
            solver.inversion + ".pre error.dat " + prefix + "mesh";
+}
+
+Lines weight_lines(const Creation & creation)
+{
+    const Solver & solver = creation.solver();
+    if (!*solver.weight_input) return {};
+    return { std::string("pfweight ") + solver.weight_input + creation.thread_suffix };
+}
+
+std::string first_solver_sensitivity_line(const InversionDefinition & definition)
+{
+    return definition.topo_type == 0 ? "gzsen3d mesh grav.obs topo.dat" : "gzsen3d mesh grav.obs";
+}
+
+std::string no_fast_form_option(const Creation & creation)
+{
+    return creation.solver().form == InputForm::own && creation.in_use.model_file ? " NOFAST" : "";
 }
 
 std::vector<Script> run_scripts(const Creation & creation)

@@ -15,5 +15,7 @@ void write_sensitivity_inputs(Creation & creation)
 
 void write_inversion_inputs(const Creation & creation)
 {
-    write_lines(creation.folder + creation.solver().inversion + ".inp", inversion_input_lines(creation, SolverStart::fresh));
+    const std::string stem = creation.folder + creation.solver().inversion;
+    write_lines(stem + ".inp", inversion_input_lines(creation, SolverStart::fresh));
+    if (creation.refined) write_lines(stem + ".restart", inversion_input_lines(creation, SolverStart::restart));
 }

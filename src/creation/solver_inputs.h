@@ -20,5 +20,5 @@ Lines tile_input_lines(const Creation & creation, SolverStart start);
 /// Writes the weight-program and sensitivity inputs that the method has, and sets `thread_suffix`. Nothing is written for
 /// method 1 or in a variation, which uses its parent's matrix. Fails with a `FileFault`.
 void write_sensitivity_inputs(Creation & creation);
-/// Writes the inversion input. Fails with a `FileFault`.
+/// Writes the inversion input, and for a tiled inversion the one to go on from. Fails with a `FileFault`.
 void write_inversion_inputs(const Creation & creation);
