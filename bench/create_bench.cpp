@@ -49,7 +49,7 @@ void make_ground(Run & run)
     LocationStatistics statistics;
     require(read_locations_file(location_source(run.definition, 1), ReadMode::store, points, statistics, run.quiet.host),
             "the ground's file");
-    require(interpolate_topo_points(points, run.definition, run.mesh, run.topo, run.quiet.host), "the ground");
+    require(interpolate_topo_points(points, run.definition, run.mesh, run.topo, whole_topography(run.mesh), run.quiet.host), "the ground");
 }
 
 void write_mesh_and_model(Run & run)
@@ -72,7 +72,7 @@ void write_readings(Run & run)
             "the lift");
     const OutputWindow window{ 1, run.mesh.cells_x() + 1, 1, run.mesh.cells_y() + 1 };
     write_inversion_data(run.definition, run.mesh, run.readings, false, run.folder + "mag.obs", window, run.quiet.host);
-    write_topo_file(run.folder + "topo.dat", run.definition, run.mesh, run.topo, run.quiet.host);
+    write_topo_file(run.folder + "topo.dat", run.definition, run.mesh, run.topo, whole_topography(run.mesh), run.quiet.host);
 }
 
 void parts_chained(benchmark::State & state)

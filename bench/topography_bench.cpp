@@ -108,7 +108,7 @@ void topography(benchmark::State & state, Layout layout)
     SilentHost silent;
     for (auto _ : state) {
         TopoSurface topo;
-        if (interpolate_topo_points(points, definition, mesh, topo, silent.host) != Status::good) state.SkipWithError("refused");
+        if (interpolate_topo_points(points, definition, mesh, topo, whole_topography(mesh), silent.host) != Status::good) state.SkipWithError("refused");
         benchmark::DoNotOptimize(topo.cell_topo.items().data());
     }
 }
@@ -161,7 +161,7 @@ void topo_file(benchmark::State & state)
     SilentHost silent;
     const InversionDefinition definition = magnetic_definition();
     const auto path = std::filesystem::temp_directory_path() / "topography_bench_topo.dat";
-    for (auto _ : state) write_topo_file(definition_path(path), definition, mesh, topo, silent.host);
+    for (auto _ : state) write_topo_file(definition_path(path), definition, mesh, topo, whole_topography(mesh), silent.host);
     std::filesystem::remove(path);
 }
 

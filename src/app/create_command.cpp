@@ -74,9 +74,61 @@ CreateMode mode_of(const Setup & setup, int index)
     return setup.form["Check_update_data_files"].on ? CreateMode::variation_with_data : CreateMode::variation;
 }
 
+bool is_tiled(const Setup & setup) { return setup.refinement_mode == 1; }
+
+/// What a tiled inversion must be before it is checked: its scripts reach the original mesh and model by relative paths without
+/// quotes.
+Status check_original_files(const Setup & setup, const OutputFolder & folder, Host & host)
+{
+    const BaseModel & base = setup.base;
+    if (base.mesh_file.empty() || !is_tiled(setup) || setup.definition.tile_use_reference != 1) return Status::good;
+    const char * fault = nullptr;
+    if (upper_case(folder_of_path(base.mesh_file)) == upper_case(folder_of_path(folder.path)))
+        fault = "The refinement directory must be different from the original inversion directory";
+    else if (base.mesh_file.find(' ') != std::string::npos)
+        fault = "The original mesh path/file name cannot contain blank characters";
+    else if (base.model_file.find(' ') != std::string::npos)
+        fault = "The original model path/file name cannot contain blank characters";
+    if (fault == nullptr) return Status::good;
+    host.dialogs.message(fault);
+    return Status::bad;
+}
+
+/// The own solver always runs the coarse forward model when there is one to run, and knows no expanded meshes.
+void adapt_tiles_to_own_solver(Setup & setup)
+{
+    InversionDefinition & definition = setup.definition;
+    if (!is_tiled(setup) || inversion_method_of(definition.inversion_method).family != MethodFamily::own) return;
+    if (definition.tile_coarse_model == 0) definition.tile_coarse_model = 1;
+    definition.use_expanded_mesh = 0;
+    // Only these two controls: what else has been typed is still to be checked.
+    choose_position(setup.form["Combo_forward_model"], definition.tile_coarse_model);
+    setup.form["Check_do_expanded"].on = false;
+}
+
+Status check_folder_and_tiles(Setup & setup, int index, const OutputFolder & folder, Host & host)
+{
+    if (check_original_files(setup, folder, host) != Status::good) return Status::bad;
+    if (is_tiled(setup) && index == 2) { // a tile folder shares nothing with a parent that a variation could use
+        host.dialogs.message("The inversion variation option is not available for refined inversions");
+        return Status::bad;
+    }
+    adapt_tiles_to_own_solver(setup);
+    return Status::good;
+}
+
+void pause_for_tiles(Session & session, ValidatedDefinition definition, const std::string & folder, CreateMode mode)
+{
+    Setup & setup = session.setup;
+    session.paused = PausedCreation{ std::move(definition), setup.design_mesh, setup.tiles, folder, mode };
+    choose_position(setup.form["Combo_view_limits"], 0);
+    setup.form["Frame_tiling_layout"].visible = setup.form["Frame_do_tile"].visible = true;
+}
+
 Status check_and_create(Session & session, int index, const OutputFolder & folder, Host & host, bool & handled)
 {
     Setup & setup = session.setup;
+    if (check_folder_and_tiles(setup, index, folder, host) != Status::good) return Status::bad;
     host.progress.line("Checking inversion definitions");
     std::optional<ValidatedDefinition> definition;
     if (check_inversion_definitions(setup, definition, host) != Status::good) return Status::bad;
@@ -90,6 +142,10 @@ Status check_and_create(Session & session, int index, const OutputFolder & folde
     }
     host.progress.line("Saving the inversion definitions");
     save_into_folder(session, *definition, folder, host);
+    if (is_tiled(setup)) {
+        pause_for_tiles(session, std::move(*definition), folder.path, mode_of(setup, index));
+        return Status::good;
+    }
     handled = true; // from here on the pipeline shows its own failures
     return create_inversion(*definition, setup.design_mesh, folder.path, mode_of(setup, index), host);
 }
@@ -99,6 +155,7 @@ Status check_and_create(Session & session, int index, const OutputFolder & folde
 Status press_create_inversion(Session & session, int index, Host & host)
 {
     session.setup.form["Text_progress"].text.clear();
+    session.paused.reset();
     OutputFolder folder;
     if (take_output_folder(session.setup, folder, host) != Status::good) return Status::bad;
 
@@ -115,4 +172,28 @@ Status press_create_inversion(Session & session, int index, Host & host)
     // A failed check has shown its own message and ends here too, with nothing to add.
     host.dialogs.message("An error occurred while creating the inversion: " + fault_text);
     return Status::bad;
+}
+
+Status press_continue_tile(Session & session, Host & host)
+{
+    if (!session.paused) {
+        host.dialogs.message("There is no tiled inversion to go on with: create it first");
+        return Status::bad;
+    }
+    const PausedCreation paused = std::move(*session.paused);
+    press_cancel_tile(session);
+    Setup & setup = session.setup;
+    if (setup.tiles.tile_x_cells != paused.tiles.tile_x_cells || setup.tiles.tile_y_cells != paused.tiles.tile_y_cells) {
+        host.dialogs.message("The tiles have been laid out anew since the inversion was checked: create it again");
+        return Status::bad;
+    }
+    Refined refined = { setup.base, setup.tiles };
+    refined.tiles.tile_order = setup.definition.tile_order;
+    return create_inversion(paused.definition, paused.mesh, paused.folder, paused.mode, host, &refined);
+}
+
+void press_cancel_tile(Session & session)
+{
+    session.paused.reset();
+    session.setup.form["Frame_tiling_layout"].visible = session.setup.form["Frame_do_tile"].visible = false;
 }

@@ -1,14 +1,26 @@
 #pragma once
 
+#include "creation/creation.h"
 #include "definition/definition_file.h"
 #include "rules/setup.h"
 
+#include <optional>
 #include <string>
 #include <vector>
+
+/// A tiled inversion that has been checked and saved, waiting for the user to look at its tiles.
+struct PausedCreation {
+    ValidatedDefinition definition;
+    UbcMesh mesh;
+    TileLayout tiles; ///< as they were laid out; skips and order are taken from the setup when it goes on
+    std::string folder;
+    CreateMode mode = CreateMode::all;
+};
 
 /// One run of a program: the setup and what surrounds it. The commands of the form work on this.
 struct Session {
     Setup setup;
+    std::optional<PausedCreation> paused;
     std::vector<std::string> recent_files; ///< newest first, at most `most_recent_files`
 };
 

@@ -6,6 +6,8 @@
 #include "batch/terminal_host.h"
 #include "rules/change_rules.h"
 #include "rules/limits_from_data.h"
+#include "rules/refinement.h"
+#include "rules/tile_choice.h"
 #include "rules/validation.h"
 #include "support/numbers.h"
 #include "support/paths.h"
@@ -41,6 +43,40 @@ void set_output_folder(Setup & setup, std::string folder)
     setup.form["Drive1"].text = drive.empty() ? "\\" : drive; // where no drives exist all folders are on the one root
     setup.form["Dir1"].text = parent;
     setup.form["Text_directory_name"].text = name;
+}
+
+/// Enters refined mode when there is a base mesh, then reads the definition. One of a tiled inversion without its base mesh would
+/// silently become a simple one and is refused.
+Status read_for_inversion(BatchSession & batch, const std::string & definition, const BaseFiles & base)
+{
+    Setup & setup = batch.session.setup;
+    if (!base.mesh.empty() && start_refinement(setup, base.mesh, batch.host) != Status::good) return Status::bad;
+    if (!base.model.empty() && take_base_model(setup, base.model, batch.host) != Status::good) return Status::bad;
+    if (read_definition(batch.session, definition, Selection::all, batch.host) != Status::good) return Status::bad;
+    if (setup.definition.refinement_mode != 1 || setup.refinement_mode == 1) return Status::good;
+    batch.host.dialogs.message(
+        "The definition is of a refined (tiled) inversion: name the mesh that it refines with --base-mesh: " + definition);
+    return Status::bad;
+}
+
+/// What a user would do with the tiles before going on.
+Status choose_tiles(Setup & setup, const CreateOptions & options, Host & host)
+{
+    for (const Tile tile : options.skipped_tiles) {
+        if (!setup.tiles.has(tile)) {
+            host.dialogs.message("There is no tile " + tile_number(tile) + " to skip: the tiles run from 0101 to " +
+                                 tile_number({ setup.tiles.number_x_tiles, setup.tiles.number_y_tiles }));
+            return Status::bad;
+        }
+        select_tile(setup, tile);
+        setup.form["Check_do_tile"].on = true;
+        form_changed(setup, "Check_do_tile", 0, host);
+    }
+    for (int i = 0; options.tile_order && i < 3; ++i) {
+        choose_position(setup.form("Combo_tile_order", i), options.tile_order->at(static_cast<std::size_t>(i)));
+        form_changed(setup, "Combo_tile_order", i, host);
+    }
+    return Status::good;
 }
 
 int create_button(const std::string & mode)
@@ -85,24 +121,22 @@ Status create_command(const CreateOptions & options, Host & display)
 {
     BatchSession batch(display);
     Setup & setup = batch.session.setup;
-    if (read_definition(batch.session, options.definition, Selection::all, batch.host) != Status::good) return Status::bad;
-    if (setup.definition.refinement_mode != setup.refinement_mode) {
-        display.dialogs.message("The definition is of a refined (tiled) inversion, which is not available yet: " +
-                                options.definition);
-        return Status::bad;
-    }
+    if (read_for_inversion(batch, options.definition, options.base) != Status::good) return Status::bad;
     set_output_folder(setup, options.output);
     if (options.mode == "variation-data") {
         setup.form["Check_update_data_files"].on = true;
         form_changed(setup, "Check_update_data_files", 0, batch.host);
     }
-    return press_create_inversion(batch.session, create_button(options.mode), batch.host);
+    const Status status = press_create_inversion(batch.session, create_button(options.mode), batch.host);
+    if (status != Status::good || !batch.session.paused) return status;
+    if (choose_tiles(setup, options, batch.host) != Status::good) return Status::bad;
+    return press_continue_tile(batch.session, batch.host);
 }
 
-Status check_command(const std::string & definition, Host & display)
+Status check_command(const std::string & definition, const BaseFiles & base, Host & display)
 {
     BatchSession batch(display);
-    if (read_definition(batch.session, definition, Selection::all, batch.host) != Status::good) return Status::bad;
+    if (read_for_inversion(batch, definition, base) != Status::good) return Status::bad;
     std::optional<ValidatedDefinition> validated;
     const Status status = check_inversion_definitions(batch.session.setup, validated, batch.host);
     if (status == Status::good) std::puts("valid");

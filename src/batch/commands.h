@@ -2,22 +2,34 @@
 
 #include "definition/definition_file.h"
 #include "host/host.h"
+#include "mesh/tile_layout.h"
 #include "support/status.h"
 
+#include <array>
+#include <optional>
 #include <string>
+#include <vector>
 
 // The commands of the command line. Paths are definition paths, absolute where the current folder may change before they are
 // used.
+
+/// The mesh to refine and the model on it; empty for a simple inversion.
+struct BaseFiles {
+    std::string mesh, model;
+};
 
 /// What `create` was asked for.
 struct CreateOptions {
     std::string definition;
     std::string output;
     std::string mode = "all"; ///< all, parameters, variation or variation-data
+    BaseFiles base;
+    std::vector<Tile> skipped_tiles;
+    std::optional<std::array<int, 3>> tile_order; ///< positions in the three lists
 };
 
 Status create_command(const CreateOptions & options, Host & display);
-Status check_command(const std::string & definition, Host & display);
+Status check_command(const std::string & definition, const BaseFiles & base, Host & display);
 
 /// What `save` was asked for.
 struct SaveOptions {

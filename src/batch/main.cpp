@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <regex>
 
 namespace {
 
@@ -40,14 +41,52 @@ struct CommandLine {
     std::string debug_log;
 
     CreateOptions create;
-    std::string base_mesh, base_model, tile_order;
+    std::string tile_order;
     std::vector<std::string> skip_tiles;
     SaveOptions save;
     std::string check;
+    BaseFiles check_base;
     std::string grid;
     LimitsOptions limits;
     TransformOptions transform;
 };
+
+/// A check that the whole text matches a pattern.
+CLI::Validator matches(const char * pattern, const char * fault)
+{
+    return CLI::Validator(
+        [pattern, fault](const std::string & text) {
+            return std::regex_match(text, std::regex(pattern)) ? std::string() : fault;
+        },
+        "");
+}
+
+/// "02,03": column 2, row 3.
+Tile tile_of(const std::string & text)
+{
+    const std::size_t comma = text.find(',');
+    return { std::stoi(text.substr(0, comma)), std::stoi(text.substr(comma + 1)) };
+}
+
+CLI::Option * add_base(CLI::App * command, BaseFiles & base)
+{
+    CLI::Option * const mesh = command->add_option("--base-mesh", base.mesh, "mesh to refine");
+    command->add_option("--base-model", base.model, "model on that mesh")->needs(mesh);
+    return mesh;
+}
+
+BaseFiles absolute_files(const BaseFiles & base)
+{
+    const auto absolute = [](const std::string & path) { return path.empty() ? path : absolute_definition_path(path); };
+    return { absolute(base.mesh), absolute(base.model) };
+}
+
+void take_tile_options(CommandLine & line)
+{
+    for (const std::string & text : line.skip_tiles) line.create.skipped_tiles.push_back(tile_of(text));
+    if (line.tile_order.empty()) return;
+    line.create.tile_order = { line.tile_order[0] - '0', line.tile_order[2] - '0', line.tile_order[4] - '0' };
+}
 
 void add_create(CommandLine & line)
 {
@@ -57,19 +96,23 @@ void add_create(CommandLine & line)
     command->add_option("--mode", line.create.mode, "what to write")
         ->check(CLI::IsMember({ "all", "parameters", "variation", "variation-data" }))
         ->capture_default_str();
-    command->add_option("--base-mesh", line.base_mesh, "mesh to refine (not available yet)");
-    command->add_option("--base-model", line.base_model, "model on that mesh (not available yet)");
-    command->add_option("--skip-tile", line.skip_tiles, "tile to leave out, XX,YY (not available yet)");
-    command->add_option("--tile-order", line.tile_order, "tile order, A,B,C (not available yet)");
+    CLI::Option * const mesh = add_base(command, line.create.base);
+    command->add_option("--skip-tile", line.skip_tiles, "tile to leave out: column,row, as in 02,03; may be given again")
+        ->needs(mesh)
+        ->check(matches("[0-9]{1,4},[0-9]{1,4}", "must be a column and a row, as in 02,03"))
+        ->allow_extra_args(false);
+    command
+        ->add_option("--tile-order", line.tile_order,
+                     "order of the tiles: by column or row, bottom or top first, left or right first; 0 or 1 each, as in 0,1,0")
+        ->needs(mesh)
+        ->check(matches("[01],[01],[01]", "must be three of 0 and 1, as in 0,1,0"));
     command->add_flag("--yes", line.yes, "answer every question with Yes");
     command->callback([&line] {
         line.run = [&line](Host & host) {
-            if (!line.base_mesh.empty() || !line.base_model.empty() || !line.skip_tiles.empty() || !line.tile_order.empty()) {
-                host.dialogs.message("Base meshes and tiles are not available yet");
-                return Status::bad;
-            }
             line.create.definition = absolute_definition_path(line.create.definition);
             line.create.output = absolute_definition_path(line.create.output);
+            line.create.base = absolute_files(line.create.base);
+            take_tile_options(line);
             return create_command(line.create, host);
         };
     });
@@ -79,16 +122,11 @@ void add_check(CommandLine & line)
 {
     CLI::App * const command = line.parser.add_subcommand("check", "Check a definition; prints valid when it passes");
     command->add_option("DEFINITION", line.check, "definition file")->required();
-    command->add_option("--base-mesh", line.base_mesh, "mesh to refine (not available yet)");
-    command->add_option("--base-model", line.base_model, "model on that mesh (not available yet)");
+    add_base(command, line.check_base);
     command->add_flag("--yes", line.yes, "answer every question with Yes");
     command->callback([&line] {
         line.run = [&line](Host & host) {
-            if (!line.base_mesh.empty() || !line.base_model.empty()) {
-                host.dialogs.message("Base meshes are not available yet");
-                return Status::bad;
-            }
-            return check_command(absolute_definition_path(line.check), host);
+            return check_command(absolute_definition_path(line.check), absolute_files(line.check_base), host);
         };
     });
 }

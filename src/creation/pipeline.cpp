@@ -2,11 +2,11 @@
 
 #include "creation/run_scripts.h"
 #include "creation/solver_inputs.h"
+#include "creation/tile_phases.h"
 #include "creation/weighting_file.h"
 #include "data/observed_output.h"
 #include "data/topo_grid.h"
 #include "data/topography.h"
-#include "model/mesh_file.h"
 #include "model/model_file.h"
 #include "support/fault.h"
 #include "support/numbers.h"
@@ -18,32 +18,24 @@
 
 namespace {
 
-/// What a phase has found to be wrong after its own message: ends the run with nothing to add.
-struct PhaseFailed {};
-
-void require(Status status)
-{
-    if (status == Status::stopped) throw Stopped();
-    if (status == Status::bad) throw PhaseFailed();
-}
-
-/// One run: what is written, and the work tables, which are sized once and go with it.
-struct Run {
-    Creation creation;
-    const InversionDefinition & definition;
-    const UbcMesh & mesh;
-    Host & host;
-    TopoSurface topo = {};
-    List<float> cell_model = {}; ///< cells x fastest, then y, then z from the top
-    ObservedReadings readings = {};
-
-    std::string file(const std::string & name) const { return creation.folder + name; }
-    bool has_topo_file() const { return definition.topo_type == 0; }
-};
-
 constexpr std::int32_t grid_file = 1; // a kind of data file
 
-bool is_own_solver(const InversionDefinition & definition) { return definition.inversion_method == 4; }
+/// The user would rather look for a missing file than go on; all is well so far.
+struct EndedByUser {};
+
+void write_run_files(Run & run)
+{
+    if (run.is_tiled()) {
+        if (!write_tile_run_files(run)) throw EndedByUser();
+        return;
+    }
+    run.host.progress.line("Creating inversion batch file");
+    run.host.progress.step("Write inversion run file");
+    write_run_scripts(run.creation);
+    if (has_weighting_file(run.definition))
+        require(write_weighting_file(run.definition.weight_multipliers, run.file("w.dat"), run.mesh.cells_x(), run.mesh.cells_y(),
+                                     run.mesh.cells_z(), run.host.dialogs));
+}
 
 void write_parameter_files(Run & run)
 {
@@ -55,12 +47,7 @@ void write_parameter_files(Run & run)
     }
     progress.step("Write inversion input file");
     write_inversion_inputs(run.creation);
-    progress.line("Creating inversion batch file");
-    progress.step("Write inversion run file");
-    write_run_scripts(run.creation);
-    if (has_weighting_file(run.definition))
-        require(write_weighting_file(run.definition.weight_multipliers, run.file("w.dat"), run.mesh.cells_x(), run.mesh.cells_y(),
-                                     run.mesh.cells_z(), run.host.dialogs));
+    write_run_files(run);
 }
 
 void make_topography(Run & run)
@@ -81,29 +68,24 @@ void make_topography(Run & run)
     require(interpolate_topo_points(points, run.definition, run.mesh, run.topo, run.host));
 }
 
-/// The own solver's mesh carries the ground at its nodes, and the limits between which it is draped.
-std::optional<MeshExtension> mesh_extension(const Run & run)
-{
-    if (!is_own_solver(run.definition) || !run.has_topo_file()) return std::nullopt;
-    const auto ground = run.topo.cell_topo.items();
-    MeshExtension extension;
-    extension.format = 5;
-    extension.drape_top = *std::min_element(ground.begin(), ground.end());
-    extension.drape_bottom = to_f32(extension.drape_top - (run.mesh.mesh_z_top - run.mesh.mesh_z_bottom));
-    extension.topo_nodes = &run.topo.node_topo;
-    return extension;
-}
-
-void write_mesh_and_model(Run & run)
+void write_meshes(Run & run)
 {
     run.host.progress.line("Creating inversion mesh files");
     run.host.progress.step("Write mesh file");
     write_mesh_file(run.file("mesh"), run.mesh, whole_mesh(run.mesh), false, mesh_extension(run));
+    if (run.is_tiled()) write_tile_meshes(run);
+}
 
+void write_models(Run & run)
+{
+    if (run.is_tiled()) interpolate_current_model(run);
     run.host.progress.line("Writing inversion model file");
     run.host.progress.step("Write model file");
-    write_model_file(run.file(run.creation.files().starting_model), run.mesh, whole_mesh(run.mesh), run.cell_model, {},
-                     run.host.progress);
+    const std::string name = run.is_tiled() ? refined_model(run) : run.creation.files().starting_model;
+    write_model_file(run.file(name), run.mesh, whole_mesh(run.mesh), run.cell_model, model_text(run), run.host.progress);
+    if (!run.is_tiled()) return;
+    copy_model_files(run);
+    write_tile_models(run);
 }
 
 void read_observed_data(Run & run)
@@ -126,7 +108,7 @@ void read_observed_data(Run & run)
 const char * reference_file_name(const Run & run)
 {
     const ClassFiles & files = run.creation.files();
-    return is_own_solver(run.definition) && run.definition.data_integration_time > 0 ? files.observed : files.reference;
+    return run.is_own_solver() && run.definition.data_integration_time > 0 ? files.observed : files.reference;
 }
 
 std::string no_data_text(const Run & run)
@@ -158,7 +140,8 @@ void write_topography(Run & run)
 {
     run.host.progress.line("Writing topo data for use in the inversion");
     run.host.progress.step("Write topo data file");
-    write_topo_file(run.file("topo.dat"), run.definition, run.mesh, run.topo, run.host);
+    write_topo_file(run.file("topo.dat"), run.definition, run.mesh, run.topo, whole_topography(run.mesh), run.host);
+    if (run.is_tiled()) write_tile_topography(run);
 }
 
 void run_phases(Run & run)
@@ -170,10 +153,15 @@ void run_phases(Run & run)
     const std::int32_t columns = multiply_counts(run.mesh.cells_x(), run.mesh.cells_y());
     run.cell_model.assign(multiply_counts(columns, run.mesh.cells_z()), 0.0F);
     if (run.has_topo_file()) make_topography(run);
-    if (mode == CreateMode::all) write_mesh_and_model(run);
+    if (mode == CreateMode::all) {
+        write_meshes(run);
+        write_models(run);
+    }
     read_observed_data(run);
     write_observed_data(run);
-    if (mode == CreateMode::all && run.has_topo_file()) write_topography(run);
+    if (mode != CreateMode::all) return;
+    if (run.is_tiled()) write_tile_data(run);
+    if (run.has_topo_file()) write_topography(run);
 }
 
 /// Runs all phases; bad when one failed, after the one message of the run.
@@ -181,7 +169,10 @@ Status run_guarded(Run & run)
 {
     std::string fault_text;
     try {
-        run_phases(run);
+        try {
+            run_phases(run);
+        } catch (const EndedByUser &) {
+        }
         run.host.progress.line("Inversion processing complete");
         return Status::good;
     } catch (const Stopped &) {
@@ -196,11 +187,29 @@ Status run_guarded(Run & run)
 
 }
 
+std::optional<MeshExtension> mesh_extension(const Run & run)
+{
+    if (!run.is_own_solver() || !run.has_topo_file()) return std::nullopt;
+    MeshExtension extension;
+    extension.format = 5;
+    if (run.is_tiled()) { // all tiles hang from the limits of the one mesh
+        extension.drape_top = to_f32(run.mesh.mesh_z_top);
+        extension.drape_bottom = to_f32(run.mesh.mesh_z_bottom);
+    } else {
+        const auto ground = run.topo.cell_topo.items();
+        extension.drape_top = *std::min_element(ground.begin(), ground.end());
+        extension.drape_bottom = to_f32(extension.drape_top - (run.mesh.mesh_z_top - run.mesh.mesh_z_bottom));
+    }
+    extension.topo_nodes = &run.topo.node_topo;
+    return extension;
+}
+
 Status create_inversion(const ValidatedDefinition & definition, const UbcMesh & mesh, const std::string & folder, CreateMode mode,
-                        Host & host)
+                        Host & host, const Refined * refined)
 {
     const std::string remembered_folder = current_folder();
     Run run = { start_creation(definition, mesh, folder, mode), *definition, mesh, host };
+    run.creation.refined = refined;
     host.progress.begin();
     const Status status = run_guarded(run);
     if (status == Status::good) host.dialogs.message("Output complete");

@@ -141,20 +141,30 @@ Datum datum_of(const AllPoints::Point & point)
     return { point.x, point.y, point.z, { point.value_1, point.value_2, point.distance }, point.line, point.extra_value };
 }
 
+/// Only the nearest reading of each cell goes out.
+bool one_per_cell(const InversionDefinition & definition, const ObservedReadings & readings)
+{
+    return definition.data_values_per_cell == 1 || readings.all.point_count < 1;
+}
+
+}
+
+std::int32_t count_inversion_data(const InversionDefinition & definition, const ObservedReadings & readings,
+                                  const OutputWindow & window)
+{
+    std::int32_t count = 0;
+    for_each_selected(readings.selected, window, [&count](std::int64_t) { ++count; });
+    if (count < 1 || one_per_cell(definition, readings)) return count;
+    count = 0;
+    for_each_reading(readings, definition.data_values_per_cell, window, [&count](const AllPoints::Point &) { ++count; });
+    return count;
 }
 
 std::int32_t write_inversion_data(const InversionDefinition & definition, const UbcMesh &, const ObservedReadings & readings,
                                   bool extended, const std::string & path, const OutputWindow & window, Host & host)
 {
     const SelectedData & selected = readings.selected;
-    const std::int32_t most_per_cell = definition.data_values_per_cell;
-    const bool one_per_cell = most_per_cell == 1 || readings.all.point_count < 1;
-    std::int32_t count = 0;
-    for_each_selected(selected, window, [&count](std::int64_t) { ++count; });
-    if (count >= 1 && !one_per_cell) {
-        count = 0;
-        for_each_reading(readings, most_per_cell, window, [&count](const AllPoints::Point &) { ++count; });
-    }
+    const std::int32_t count = count_inversion_data(definition, readings, window);
     Percentage percentage(host.progress, count);
     if (count < 1) return 0;
 
@@ -167,10 +177,11 @@ std::int32_t write_inversion_data(const InversionDefinition & definition, const 
         writer.write(datum);
         percentage.report(written++);
     };
-    if (one_per_cell)
+    if (one_per_cell(definition, readings))
         for_each_selected(selected, window, [&](std::int64_t cell) { write(datum_of(selected, cell)); });
     else
-        for_each_reading(readings, most_per_cell, window, [&](const AllPoints::Point & point) { write(datum_of(point)); });
+        for_each_reading(readings, definition.data_values_per_cell, window,
+                         [&](const AllPoints::Point & point) { write(datum_of(point)); });
     file.close();
     return written;
 }

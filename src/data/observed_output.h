@@ -8,6 +8,10 @@ struct OutputWindow {
     std::int32_t first_row = 1, last_row = 0;
 };
 
+/// How many readings a file for the window would hold.
+std::int32_t count_inversion_data(const InversionDefinition & definition, const ObservedReadings & readings,
+                                  const OutputWindow & window);
+
 /// Writes an observed data file of the public solvers' format and gives the number of readings in it.
 ///
 /// extended: also the line name and extra value of each reading. Writes no file and gives 0 when the window holds no reading.

@@ -31,6 +31,16 @@ Status interpolate_topo_points(const ObservedData & points, const InversionDefin
 Status process_inversion_topo(const InversionDefinition & definition, const UbcMesh & mesh, const TopoSurface & topo,
                               SelectedData & selected, List<float> & cell_model, Host & host);
 
-/// Writes "topo.dat" for the whole mesh. Fails with a `FileFault`.
+/// Which columns of the mesh go into a topography file: node numbers, so the last are past the last cell.
+struct TopoWindow {
+    std::int32_t first_column = 1, end_column = 1;
+    std::int32_t first_row = 1, end_row = 1;
+    bool edges_on_nodes = false; ///< outermost columns and rows stand at the window's edges instead of their cells' centres
+};
+
+/// All columns of a mesh.
+TopoWindow whole_topography(const UbcMesh & mesh);
+
+/// Writes "topo.dat" for a window of the mesh. Fails with a `FileFault`.
 void write_topo_file(const std::string & path, const InversionDefinition & definition, const UbcMesh & mesh,
-                     const TopoSurface & topo, Host & host);
+                     const TopoSurface & topo, const TopoWindow & window, Host & host);

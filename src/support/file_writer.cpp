@@ -116,3 +116,13 @@ void replace_file(const std::string & path, std::string_view content)
         throw;
     }
 }
+
+void copy_file(const std::string & source, const std::string & target)
+{
+    std::error_code failed, ignored;
+    const std::filesystem::path from = host_path(source), to = host_path(target);
+    if (!std::filesystem::is_regular_file(from, ignored)) throw FileFault("cannot copy", source, "there is no such file");
+    if (std::filesystem::equivalent(from, to, ignored)) return;
+    std::filesystem::copy_file(from, to, std::filesystem::copy_options::overwrite_existing, failed);
+    if (failed) throw FileFault("cannot copy to " + target, source, failed.message());
+}

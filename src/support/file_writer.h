@@ -41,3 +41,6 @@ private:
 
 /// Writes a small file whole by way of a temporary one beside it, so that a crash leaves the old file or the new one.
 void replace_file(const std::string & path, std::string_view content);
+
+/// Copies a file over whatever stands at `target`; a file copied onto itself stays. Fails with a `FileFault` that names the file.
+void copy_file(const std::string & source, const std::string & target);
