@@ -53,7 +53,7 @@ struct GivenTiles : GivenCreation {
         write_sensitivity_inputs(creation);
         RecordedHost host;
         CoarseMatrix matrix;
-        for (const Tile tile : all_tiles(refined.tiles)) write_tile_run_files(creation, tile, matrix, host);
+        for (const Tile tile : all_tiles(refined.tiles)) write_tile_run_files(creation, tile, matrix, host.host);
         TopScripts scripts = start_top_scripts(creation);
         for (const auto & group : tiles_in_run_order(refined.tiles)) {
             for (const Tile tile : group) add_tile(scripts, creation, tile, 1);
