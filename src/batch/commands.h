@@ -63,3 +63,6 @@ Status transform_command(const TransformOptions & options, Host & display);
 
 /// Prints what the grid access makes of a file, one "name: value" a line.
 Status grid_command(const std::string & file, Host & display);
+
+/// Reads a mesh file and prints what it holds, one "name: value" a line. Bad as well when it is of a kind that gives no mesh.
+Status mesh_command(const std::string & file, Host & display);

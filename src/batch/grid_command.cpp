@@ -1,4 +1,5 @@
 #include "batch/commands.h"
+#include "batch/printed_lines.h"
 #include "grid/grid_detection.h"
 #include "grid/grid_formats.h"
 #include "grid/grid_statistics.h"
@@ -6,18 +7,8 @@
 #include "support/paths.h"
 
 #include <cmath>
-#include <cstdio>
-#include <utility>
-#include <vector>
 
 namespace {
-
-using Lines = std::vector<std::pair<const char *, std::string>>;
-
-void print(const Lines & lines)
-{
-    for (const auto & [name, value] : lines) std::printf("%s: %s\n", name, value.c_str());
-}
 
 std::string extent_text(const GridLimits & limits)
 {

@@ -47,6 +47,7 @@ struct CommandLine {
     std::string check;
     BaseFiles check_base;
     std::string grid;
+    std::string mesh;
     LimitsOptions limits;
     TransformOptions transform;
 };
@@ -205,9 +206,17 @@ void add_grid(CommandLine & line)
         [&line] { line.run = [&line](Host & host) { return grid_command(absolute_definition_path(line.grid), host); }; });
 }
 
+void add_mesh(CommandLine & line)
+{
+    CLI::App * const command = line.parser.add_subcommand("mesh", "Print what a mesh file holds");
+    command->add_option("FILE", line.mesh, "mesh file")->required();
+    command->callback(
+        [&line] { line.run = [&line](Host & host) { return mesh_command(absolute_definition_path(line.mesh), host); }; });
+}
+
 void add_later_commands(CommandLine & line)
 {
-    for (const char * name : { "mesh", "model", "igrf", "start" }) {
+    for (const char * name : { "model", "igrf", "start" }) {
         CLI::App * const command = line.parser.add_subcommand(name, "not available yet");
         command->allow_extras();
         command->callback([&line, name] {
@@ -262,6 +271,7 @@ int main(int argument_count, char ** arguments)
     add_limits(line);
     add_transform(line);
     add_grid(line);
+    add_mesh(line);
     add_later_commands(line);
     try {
         line.parser.parse(argument_count, arguments);

@@ -1,8 +1,8 @@
 #include "data/record_parser.h"
 
-#include "data/field_numbers.h"
 #include "support/fault.h"
 #include "support/numbers.h"
+#include "support/plain_number.h"
 #include "support/text.h"
 
 #include <algorithm>

@@ -158,6 +158,10 @@ constexpr ControlRow control_rows[] = {
     { "Check_include_regional_mesh" },
     { "Check_use_cluster_controller" },
     { "Text_image_file" },
+    { "Frame_do_tile" },
+    { "Check_do_tile" },
+    { "Command_continue_tile" },
+    { "Command_cancel_tile" },
     // create and run
     { "Drive1" },
     { "Dir1" },

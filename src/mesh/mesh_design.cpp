@@ -103,22 +103,34 @@ void set_nodes(double start, double direction, const List<double> & widths, List
     }
 }
 
-void set_lists(const InversionDefinition & definition, const Padding & padding, UbcMesh & mesh)
+}
+
+Status prepare_mesh_limits(InversionDefinition & definition)
+{
+    for (std::size_t axis = 0; axis < 3; ++axis)
+        if (definition.mesh_cells[axis] < 1) return Status::bad;
+    if (definition.inversion_mode == 4) {
+        definition.mesh_min[2] -= definition.mesh_max[2];
+        definition.mesh_min[3] -= definition.mesh_max[2];
+        definition.mesh_max[2] = 0;
+    }
+    return Status::good;
+}
+
+void set_mesh_lists(std::array<double, 3> first_nodes, const std::function<void(UbcMesh &)> & set_widths, UbcMesh & mesh)
 {
     // One value per cell must be countable, whoever holds a model on this mesh.
     multiply_counts(multiply_counts(mesh.total_cells[0], mesh.total_cells[1]), mesh.total_cells[2]);
     try {
-        set_widths(definition, padding, mesh);
-        set_nodes(mesh.core_x_start, 1, mesh.widths_x, mesh.nodes_x, mesh.centres_x);
-        set_nodes(mesh.core_y_start, 1, mesh.widths_y, mesh.nodes_y, mesh.centres_y);
-        set_nodes(mesh.mesh_z_top, -1, mesh.widths_z, mesh.nodes_z, mesh.centres_z);
+        set_widths(mesh);
+        set_nodes(first_nodes[0], 1, mesh.widths_x, mesh.nodes_x, mesh.centres_x);
+        set_nodes(first_nodes[1], 1, mesh.widths_y, mesh.nodes_y, mesh.centres_y);
+        set_nodes(first_nodes[2], -1, mesh.widths_z, mesh.nodes_z, mesh.centres_z);
         mesh.nodes_z_ascending = mesh.nodes_z;
     } catch (const std::bad_alloc &) {
         throw Fault("There is not enough memory for the mesh");
     }
     std::ranges::reverse(mesh.nodes_z_ascending.items());
-}
-
 }
 
 Status decode_padding_cells(const InversionDefinition & definition, Padding & padding)
@@ -151,13 +163,7 @@ Status calculate_cell_counts(const InversionDefinition & definition, Padding & p
 
 Status determine_inversion_mesh(InversionDefinition & definition, Padding & padding, UbcMesh & mesh)
 {
-    for (std::size_t axis = 0; axis < 3; ++axis)
-        if (definition.mesh_cells[axis] < 1) return Status::bad;
-    if (definition.inversion_mode == 4) {
-        definition.mesh_min[2] -= definition.mesh_max[2];
-        definition.mesh_min[3] -= definition.mesh_max[2];
-        definition.mesh_max[2] = 0;
-    }
+    if (prepare_mesh_limits(definition) != Status::good) return Status::bad;
     UbcMesh design;
     set_core(definition, design);
     if (definition.add_padding_cells == 1) {
@@ -165,7 +171,9 @@ Status determine_inversion_mesh(InversionDefinition & definition, Padding & padd
         take_padding(definition.padding_multipliers[1], padding.list_z, padding.count_z, padding.sum_z);
         add_padding(definition, padding, design);
     }
-    set_lists(definition, padding, design);
+    set_mesh_lists(
+        { design.core_x_start, design.core_y_start, design.mesh_z_top },
+        [&](UbcMesh & made) { set_widths(definition, padding, made); }, design);
     mesh = std::move(design);
     return Status::good;
 }

@@ -4,6 +4,8 @@
 #include "mesh/ubc_mesh.h"
 #include "support/status.h"
 
+#include <functional>
+
 /// The padding lists as last parsed. The sums are single precision at each addition.
 struct Padding {
     std::int32_t count_xy = 0, count_z = 0;
@@ -29,6 +31,14 @@ Status calculate_cell_counts(const InversionDefinition & definition, Padding & p
 /// top. A padding list that does not parse keeps its last items and sum. Counts beyond 32 bits, the cells of the whole mesh
 /// among them, are an `OverflowFault`.
 Status determine_inversion_mesh(InversionDefinition & definition, Padding & padding, UbcMesh & mesh);
+
+/// What every derivation of a design mesh begins with. Bad when a count of the definition is below 1. In mode 4 its z limits
+/// become depths below a zero top.
+Status prepare_mesh_limits(InversionDefinition & definition);
+
+/// Fills the lists of a mesh that has its counts: `set_widths` allocates and fills the widths; nodes, from the first one of each
+/// axis, and centres follow. Counts beyond 32 bits, the cells of the whole mesh among them, are an `OverflowFault`.
+void set_mesh_lists(std::array<double, 3> first_nodes, const std::function<void(UbcMesh &)> & set_widths, UbcMesh & mesh);
 
 /// The elevation of the bottom of the lower z part: `cells` cells below `bottom`, the first of size `cell_size`, each
 /// `multiplier` times as high as the one above it.

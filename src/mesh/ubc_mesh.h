@@ -33,6 +33,7 @@ struct UbcMesh {
     bool topo_present = false;
     List<float> topo_nodes; ///< elevation at each surface node, x fastest; -1e32 where the file holds no number
     float topo_min = 1e32F, topo_max = -1e32F;
+    double ground_level = 0; ///< elevation of a layered mesh's sea floor, or the top of a mesh that carries topography
     float drape_top = 0, drape_bottom = 0, drape_depth = 0;
     bool trapezoid_present = false;
     List<double> trapezoid_nodes;  ///< a pair of positions per surface node, x fastest, the pair together
@@ -41,8 +42,15 @@ struct UbcMesh {
     std::int32_t cells_x() const { return total_cells[0]; }
     std::int32_t cells_y() const { return total_cells[1]; }
     std::int32_t cells_z() const { return total_cells[2]; }
+    bool topo_varies() const { return topo_present && topo_max > topo_min; }
 };
 
 /// The largest number k with nodes[k] at or below `value`, found by bisection: 0 below the first node, the last number from the
 /// last node up. nodes ascend.
 std::int32_t interval_of(const List<double> & nodes, double value);
+
+/// Positions closer than this, in metres, are one: limits come from texts of 15 digits, and nodes are running sums.
+inline constexpr double same_place = 1e-6;
+
+/// As `interval_of`, where a value just short of a node lies on it.
+std::int32_t node_not_above(const List<double> & nodes, double value);

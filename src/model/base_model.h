@@ -15,5 +15,5 @@ struct BaseModel {
     std::optional<float> ground_bottom; ///< lowest elevation of the ground, of the mesh's topography or of the model's top
 };
 
-/// Drops mesh and model, and a leftover "~model.tmp" in the current folder.
+/// Drops mesh and model, as `reset_model` does; the names of the files stay.
 void reset_mesh(BaseModel & base);

@@ -1,7 +1,6 @@
 #include "model/mesh_file.h"
 
 #include "support/bulk_format.h"
-#include "support/file_writer.h"
 #include "support/numbers.h"
 #include "support/pattern.h"
 #include "support/text.h"
@@ -65,6 +64,22 @@ void write_widths(FileWriter & file, const List<double> & widths, std::int32_t f
     lines.finish();
 }
 
+void write_extension(FileWriter & file, const UbcMesh & mesh, const NodeWindow & window, const MeshExtension & extension)
+{
+    const bool topo_only = extension.format == 4 && extension.topo_nodes == nullptr;
+    file.line("Mesh format: " + format_number(topo_only ? 2 : extension.format, "0"));
+    if (extension.format == 5 && extension.drape_top > extension.drape_bottom)
+        file.line("Mesh topo drape: " + format_number(extension.drape_top, "0.0") + " " +
+                  format_number(extension.drape_bottom, "0.0"));
+    if (extension.air_cells > 0) file.line("Number of air cells: " + format_number(extension.air_cells, "0.0"));
+    if (extension.sea_cells > 0) file.line("Number of sea cells: " + format_number(extension.sea_cells, "0.0"));
+    if (extension.format >= 2 && extension.format <= 5 && extension.topo_nodes != nullptr)
+        write_topography(file, mesh, window, *extension.topo_nodes);
+    if (extension.trapezoid_nodes != nullptr) write_trapezoids(file, mesh, window, *extension.trapezoid_nodes);
+}
+
+}
+
 void write_topography(FileWriter & file, const UbcMesh & mesh, const NodeWindow & window, const List<float> & topo)
 {
     constexpr std::size_t full_line = 70;
@@ -90,22 +105,6 @@ void write_trapezoids(FileWriter & file, const UbcMesh & mesh, const NodeWindow 
             const std::int64_t node = (y - std::int64_t{ 1 }) * mesh.nodes_x.size() + x;
             file.line(format_number(pairs[2 * node - 1], "0.00") + "  " + format_number(pairs[2 * node], "0.00"));
         }
-}
-
-void write_extension(FileWriter & file, const UbcMesh & mesh, const NodeWindow & window, const MeshExtension & extension)
-{
-    const bool topo_only = extension.format == 4 && extension.topo_nodes == nullptr;
-    file.line("Mesh format: " + format_number(topo_only ? 2 : extension.format, "0"));
-    if (extension.format == 5 && extension.drape_top > extension.drape_bottom)
-        file.line("Mesh topo drape: " + format_number(extension.drape_top, "0.0") + " " +
-                  format_number(extension.drape_bottom, "0.0"));
-    if (extension.air_cells > 0) file.line("Number of air cells: " + format_number(extension.air_cells, "0.0"));
-    if (extension.sea_cells > 0) file.line("Number of sea cells: " + format_number(extension.sea_cells, "0.0"));
-    if (extension.format >= 2 && extension.format <= 5 && extension.topo_nodes != nullptr)
-        write_topography(file, mesh, window, *extension.topo_nodes);
-    if (extension.trapezoid_nodes != nullptr) write_trapezoids(file, mesh, window, *extension.trapezoid_nodes);
-}
-
 }
 
 NodeWindow whole_mesh(const UbcMesh & mesh) { return { 1, mesh.nodes_x.size(), 1, mesh.nodes_y.size(), 1, mesh.nodes_z.size() }; }

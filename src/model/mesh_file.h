@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mesh/ubc_mesh.h"
+#include "support/file_writer.h"
 
 #include <optional>
 #include <string>
@@ -28,3 +29,7 @@ struct MeshExtension {
 /// Fails with a `FileFault`.
 void write_mesh_file(const std::string & path, const UbcMesh & mesh, const NodeWindow & window, bool skip_xy,
                      const std::optional<MeshExtension> & extension);
+
+/// The blocks of a mesh file that go by surface nodes: elevations, and pairs of positions, at the nodes of the window.
+void write_topography(FileWriter & file, const UbcMesh & mesh, const NodeWindow & window, const List<float> & topo);
+void write_trapezoids(FileWriter & file, const UbcMesh & mesh, const NodeWindow & window, const List<double> & pairs);

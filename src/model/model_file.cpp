@@ -1,7 +1,10 @@
 #include "model/model_file.h"
 
+#include "model/window_columns.h"
 #include "support/bulk_format.h"
 #include "support/file_writer.h"
+#include "support/missing.h"
+#include "support/ordered_work.h"
 
 #include <algorithm>
 #include <bit>
@@ -9,6 +12,7 @@
 #include <cstdint>
 #include <cstring>
 #include <span>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -18,44 +22,41 @@ constexpr std::size_t longest_line = 16; // " -d.dddddE+dd", CR and LF
 /// Formats one line at `at` and gives its end.
 char * put_line(char * at, float value, const ModelText & form)
 {
-    constexpr float null_limit = -1e32F;
     *at++ = ' ';
-    at = put_exponent(at, value <= null_limit ? form.null_value : value / form.scale);
+    at = put_exponent(at, value <= missing_value_f32 ? form.null_value : value / form.scale);
     *at++ = '\r';
     *at++ = '\n';
     return at;
 }
 
-void write_values(FileWriter & file, std::span<const float> values, const ModelText & form)
-{
-    constexpr std::size_t at_once = 4096;
-    for (; !values.empty(); values = values.subspan(std::min(at_once, values.size()))) {
-        char * at = file.room(at_once * longest_line);
-        const char * last_line = nullptr;
-        std::uint32_t last_bits = 0;
-        for (const float value : values.first(std::min(at_once, values.size()))) {
-            char * const line = at;
-            if (const auto bits = std::bit_cast<std::uint32_t>(value); last_line != nullptr && bits == last_bits) {
-                // Neighbours are often equal, and in a starting model all are.
-                at += line - last_line;
-                std::memmove(line, last_line, longest_line);
-            } else {
-                at = put_line(at, value, form);
-                last_bits = bits;
-            }
-            last_line = line;
-        }
-        file.commit(at);
-    }
-}
+/// The lines of values, and the memory in which they are made.
+struct Lines {
+    std::vector<float> values;
+    std::vector<char> room;
+    std::size_t size = 0;
 
-/// Copies the columns of cells that start at `first` one after the other. In memory the cells of a column lie a layer
-/// apart; taking a few columns together fetches each line of memory once.
-void gather_columns(std::span<const float> cells, std::size_t layer_step, std::size_t columns, std::span<float> gathered)
+    std::string_view text() const { return { room.data(), size }; }
+};
+
+void put_lines(const ModelText & form, Lines & lines)
 {
-    const std::size_t height = gathered.size() / columns;
-    for (std::size_t z = 0; z < height; ++z)
-        for (std::size_t column = 0; column < columns; ++column) gathered[column * height + z] = cells[z * layer_step + column];
+    lines.room.resize(lines.values.size() * longest_line);
+    char * at = lines.room.data();
+    const char * last_line = nullptr;
+    std::uint32_t last_bits = 0;
+    for (const float value : lines.values) {
+        char * const line = at;
+        if (const auto bits = std::bit_cast<std::uint32_t>(value); last_line != nullptr && bits == last_bits) {
+            // Neighbours are often equal, and in a starting model all are.
+            at += line - last_line;
+            std::memmove(line, last_line, longest_line);
+        } else {
+            at = put_line(at, value, form);
+            last_bits = bits;
+        }
+        last_line = line;
+    }
+    lines.size = static_cast<std::size_t>(at - lines.room.data());
 }
 
 }
@@ -63,30 +64,28 @@ void gather_columns(std::span<const float> cells, std::size_t layer_step, std::s
 void write_model_file(const std::string & path, const UbcMesh & mesh, const NodeWindow & window, const List<float> & values,
                       const ModelText & form, Progress & progress)
 {
+    constexpr std::int64_t values_at_once = std::int64_t{ 1 } << 14;
     FileWriter file(path);
     if (form.skip) {
         file.close();
         return;
     }
-    constexpr std::int32_t columns_at_once = 32;
-    const std::int64_t row_step = mesh.cells_x();
-    const std::int64_t layer_step = row_step * mesh.cells_y();
-    const auto number_of = [&](std::int32_t x, std::int32_t y, std::int32_t z) {
-        return (z - 1) * layer_step + (y - 1) * row_step + x;
+    const WindowColumns columns(mesh, window, values);
+    const std::int64_t at_once = std::max(values_at_once / std::max(columns.height(), std::int64_t{ 1 }), std::int64_t{ 1 });
+    const auto end_of = [&](std::size_t block) {
+        return std::min(static_cast<std::int64_t>(block + 1) * at_once, columns.count());
     };
-    const std::int32_t height = window.z_last - window.z_first;
-    std::vector<float> gathered(static_cast<std::size_t>(height) * columns_at_once);
+    std::int64_t rows_told = 0;
     Percentage percentage(progress, window.y_last - window.y_first);
-    for (std::int32_t y = window.y_first; y < window.y_last; ++y) {
-        for (std::int32_t x = window.x_first; x < window.x_last && height > 0; x += columns_at_once) {
-            const std::int32_t columns = std::min(columns_at_once, window.x_last - x);
-            static_cast<void>(values[number_of(x + columns - 1, y, window.z_last - 1)]); // the check for all of them
-            const auto cells = values.items().subspan(static_cast<std::size_t>(number_of(x, y, window.z_first) - 1));
-            const auto some = std::span(gathered).first(static_cast<std::size_t>(columns) * static_cast<std::size_t>(height));
-            gather_columns(cells, static_cast<std::size_t>(layer_step), static_cast<std::size_t>(columns), some);
-            write_values(file, some, form);
-        }
-        percentage.report(y + 1 - window.y_first);
-    }
+    work_in_order<Lines>(
+        static_cast<std::size_t>((columns.count() + at_once - 1) / at_once), working_threads(),
+        [&](std::size_t block, Lines & lines) {
+            columns.gather(static_cast<std::int64_t>(block) * at_once, end_of(block), lines.values);
+            put_lines(form, lines);
+        },
+        [&](std::size_t block, const Lines & lines) {
+            file.text(lines.text());
+            for (; (rows_told + 1) * columns.width() <= end_of(block); ++rows_told) percentage.report(rows_told + 1);
+        });
     file.close();
 }

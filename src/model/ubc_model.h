@@ -19,5 +19,6 @@ struct UbcModel {
     bool model_loaded = false;
 };
 
-/// Drops the values and restores the defaults; scale and units follow the type, which stays.
+/// Drops the values and restores the defaults; scale and units follow the type, which stays. Deletes a leftover "~model.tmp" in
+/// the current folder.
 void reset_model(UbcModel & model);

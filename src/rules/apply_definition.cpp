@@ -4,6 +4,7 @@
 #include "rules/change_rules.h"
 #include "rules/data_columns.h"
 #include "rules/record_blocks.h"
+#include "rules/refined_boxes.h"
 #include "rules/solver_rules.h"
 #include "support/numbers.h"
 #include "support/pattern.h"
@@ -75,25 +76,6 @@ void show_topography(Setup & setup)
     show_columns(setup, 1);
 }
 
-void show_mesh(Setup & setup)
-{
-    Form & form = setup.form;
-    const InversionDefinition & mesh = setup.definition;
-    for (int axis = 0; axis < 3; ++axis) {
-        const auto at = static_cast<std::size_t>(axis);
-        form("Text_min_val", axis).text = general_text(mesh.mesh_min[at]);
-        form("Text_max_val", axis).text = general_text(mesh.mesh_max[at]);
-        form("Text_max_val", axis + 3).text = general_text(mesh.mesh_max[at] - mesh.mesh_min[at]);
-        form("Text_cell_size", axis).text = general_text(mesh.mesh_cell_size[at]);
-        form("Text_num_cells", axis).text = general_text(mesh.mesh_cells[at]);
-    }
-    form("Text_min_val", 3).text = format_number(mesh.mesh_min[3], "0.0");
-    form("Text_cell_size", 3).text = general_text(mesh.mesh_cell_size[3]);
-    form("Text_num_cells", 3).text = general_text(mesh.mesh_cells[3]);
-    form("Text_num_cells", 4).text = general_text(add_counts(mesh.mesh_cells[2], mesh.mesh_cells[3]));
-    show_bound_controls(setup, Block::mesh);
-}
-
 void show_refined_cluster(Setup & setup)
 {
     setup.definition.use_cluster_controller =
@@ -143,10 +125,30 @@ void initialise_inversion_form(Setup & setup, Host & host)
     const bool refined = setup.refinement_mode == 1;
     setup.form("menu_define_inversion_mode", 0).visible = refined;
     setup.form("menu_define_inversion_mode", 1).visible = !refined;
+    setup.form["Frame_do_tile"].visible = false; // no tile is selected
     setup.active_column_box = 0;
     show_bound_controls(setup, Block::tiles);
     show_variation(setup);
     load_mag3d_form(setup, InversionDefinition(), Selection::all, host);
+}
+
+void show_mesh(Setup & setup)
+{
+    Form & form = setup.form;
+    const InversionDefinition & mesh = setup.definition;
+    for (int axis = 0; axis < 3; ++axis) {
+        const auto at = static_cast<std::size_t>(axis);
+        form("Text_min_val", axis).text = general_text(mesh.mesh_min[at]);
+        form("Text_max_val", axis).text = general_text(mesh.mesh_max[at]);
+        form("Text_max_val", axis + 3).text = general_text(mesh.mesh_max[at] - mesh.mesh_min[at]);
+        form("Text_cell_size", axis).text = general_text(mesh.mesh_cell_size[at]);
+        form("Text_num_cells", axis).text = general_text(mesh.mesh_cells[at]);
+    }
+    form("Text_min_val", 3).text = format_number(mesh.mesh_min[3], "0.0");
+    form("Text_cell_size", 3).text = general_text(mesh.mesh_cell_size[3]);
+    form("Text_num_cells", 3).text = general_text(mesh.mesh_cells[3]);
+    form("Text_num_cells", 4).text = general_text(add_counts(mesh.mesh_cells[2], mesh.mesh_cells[3]));
+    show_bound_controls(setup, Block::mesh);
 }
 
 void load_mag3d_form(Setup & setup, const InversionDefinition & given, Selection selection, Host &)
@@ -168,7 +170,10 @@ void load_mag3d_form(Setup & setup, const InversionDefinition & given, Selection
         if (record.refinement_mode == 1 && setup.refinement_mode == 1)
             take_block(setup, record, Block::tiles, &repair_tiles,
                        [](Setup & shown) { show_bound_controls(shown, Block::tiles); });
-        if (setup.refinement_mode == 1) show_refined_cluster(setup);
+        if (setup.refinement_mode == 1) {
+            show_tile_counts(setup, setup.tiles);
+            show_refined_cluster(setup);
+        }
     }
     if (selection == Selection::all)
         take_block(setup, record, Block::description, nullptr,

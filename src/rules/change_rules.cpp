@@ -2,7 +2,9 @@
 
 #include "rules/bound_controls.h"
 #include "rules/data_columns.h"
+#include "rules/mesh_boxes.h"
 #include "rules/solver_rules.h"
+#include "rules/tile_choice.h"
 
 #include <algorithm>
 
@@ -60,6 +62,9 @@ void change_optional_data_type(Setup & setup, int index, Host &)
     setup.definition.calc_data_type_count = chosen ? std::max(setup.definition.calc_data_type_count, 1) : 0;
 }
 
+/// What the boxes hold is checked and shown; a fault has shown its message, and the boxes stay as they are.
+void leave_tile_box(Setup & setup, int, Host & host) { static_cast<void>(unload_mesh_from_form(setup, -1, false, host)); }
+
 struct Rule {
     const char * control;
     void (*apply)(Setup & setup, int index, Host & host);
@@ -76,6 +81,13 @@ constexpr Rule rules[] = {
     { "Option_depth_weighting_parameters", &change_option<1> },
     { "Option_wavelet_parameters", &change_option<2> },
     { "Check_generate_inversion_variation", [](Setup & setup, int, Host &) { show_variation(setup); } },
+    { "Text_x_tile_size", &leave_tile_box },
+    { "Text_y_tile_size", &leave_tile_box },
+    { "Text_number_x_tiles", &leave_tile_box },
+    { "Text_number_y_tiles", &leave_tile_box },
+    { "Text_tile_overlap", &leave_tile_box },
+    { "Combo_tile_order", [](Setup & setup, int index, Host &) { take_tile_order(setup, index); } },
+    { "Check_do_tile", [](Setup & setup, int, Host &) { static_cast<void>(take_skipped_tile(setup)); } },
     { "Tab_inversion", [](Setup & setup, int, Host &) { show_data_captions(setup); } },
 };
 

@@ -1,6 +1,7 @@
 #include "rules/mesh_boxes.h"
 
 #include "rules/box_checks.h"
+#include "rules/refined_boxes.h"
 #include "rules/tile_boxes.h"
 #include "support/numbers.h"
 #include "support/pattern.h"
@@ -106,9 +107,14 @@ void snap_second(Setup & setup, int axis)
     take_limits(setup, axis);
     const auto a = static_cast<std::size_t>(axis);
     InversionDefinition & definition = setup.definition;
+    const bool on_nodes = setup.refinement_mode != normal_mode && axis < 2;
+    if (on_nodes) {
+        snap_to_nodes(setup, axis);
+        show(setup, "Text_min_val", axis, definition.mesh_min[a]);
+    }
     count_cells(definition, a);
     const double range = definition.mesh_cells[a] * definition.mesh_cell_size[a];
-    if (definition.mesh_cells[a] > 0 && axis < 2) {
+    if (on_nodes || (definition.mesh_cells[a] > 0 && axis < 2)) {
         definition.mesh_max[a] = range + definition.mesh_min[a];
         show(setup, "Text_max_val", axis, definition.mesh_max[a]);
     } else if (definition.mesh_cells[a] > 0) {
@@ -116,20 +122,6 @@ void snap_second(Setup & setup, int axis)
         show(setup, "Text_min_val", axis, definition.mesh_min[a]);
     }
     show_count(setup, "Text_num_cells", axis, definition.mesh_cells[a]);
-}
-
-void take_tile_boxes(Setup & setup)
-{
-    struct Row {
-        const char * box;
-        std::int32_t InversionDefinition::*field;
-    };
-    constexpr Row rows[] = { { "Text_x_tile_size", &InversionDefinition::tile_x_size },
-                             { "Text_y_tile_size", &InversionDefinition::tile_y_size },
-                             { "Text_tile_overlap", &InversionDefinition::tile_overlap },
-                             { "Text_blend_overlap", &InversionDefinition::tile_blend },
-                             { "Text_z_blend", &InversionDefinition::tile_z_blend } };
-    for (const Row & row : rows) setup.definition.*row.field = leading_count(setup.form[row.box].text);
 }
 
 void take_lower_part(Setup & setup)
@@ -223,7 +215,10 @@ Status take_mesh_boxes(Setup & setup, int axis, bool keep_maximum, Host & host)
     for (const int a : axes) snap_second(setup, a);
     if (axes.back() == 2) take_lower_part(setup);
     display_cell_counts(setup);
-    show_outer_limits(setup);
+    if (setup.refinement_mode == normal_mode)
+        show_outer_limits(setup);
+    else
+        recount_tiles(setup);
     return Status::good;
 }
 
@@ -257,8 +252,10 @@ void display_inversion_mesh(Setup & setup)
 
 Status build_design_mesh(Setup & setup, Host & host)
 {
-    if (setup.refinement_mode != normal_mode) return refuse("Refined inversions are not available yet", host);
-    if (determine_inversion_mesh(setup.definition, setup.padding, setup.design_mesh) != Status::good) return Status::bad;
+    const Status status = setup.refinement_mode == normal_mode
+                              ? determine_inversion_mesh(setup.definition, setup.padding, setup.design_mesh)
+                              : build_refined_mesh(setup, host);
+    if (status != Status::good) return Status::bad;
     display_inversion_mesh(setup);
     return Status::good;
 }

@@ -7,3 +7,6 @@ void select_tile(Setup & setup, Tile tile);
 
 /// Takes the box "skip" of the selected tile into the layout. True when that changed it.
 bool take_skipped_tile(Setup & setup);
+
+/// Takes one of the three lists of the order in which tiles are run into the record and the layout.
+void take_tile_order(Setup & setup, int index);

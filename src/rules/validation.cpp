@@ -1,6 +1,7 @@
 #include "rules/validation.h"
 
 #include "rules/mesh_boxes.h"
+#include "rules/refined_boxes.h"
 #include "rules/tile_boxes.h"
 #include "rules/validation_steps.h"
 
@@ -30,7 +31,7 @@ constexpr Step steps[] = {
     check_magnetic_field,  check_type_parameters, check_solver_parameters, take_error_terms,
     check_alphas,          check_weighting_model, take_weighting_file,     check_initial_model,
     check_reference_model, check_model_bounds,    check_rock_properties,   check_iteration_limit,
-    check_tiles,           build_design_mesh,
+    check_tiles,           build_design_mesh,     check_refined_bottom,
 };
 
 }

@@ -61,6 +61,11 @@ FileWriter::FileWriter(FileWriter && other) noexcept
 
 void FileWriter::text(std::string_view text)
 {
+    if (text.size() > largest_room) { // large enough to be written as it lies
+        flush();
+        write(text.data(), text.size());
+        return;
+    }
     while (!text.empty()) {
         if (used_ == buffer_.size()) flush();
         const std::size_t count = std::min(text.size(), buffer_.size() - used_);
@@ -83,10 +88,11 @@ char * FileWriter::room(std::size_t size)
     return buffer_.data() + used_;
 }
 
-void FileWriter::flush()
+void FileWriter::flush() { write(buffer_.data(), std::exchange(used_, 0)); }
+
+void FileWriter::write(const char * bytes, std::size_t count)
 {
-    const std::size_t count = std::exchange(used_, 0);
-    if (count > 0 && std::fwrite(buffer_.data(), 1, count, file_) != count) throw FileFault("cannot write", path_, errno);
+    if (count > 0 && std::fwrite(bytes, 1, count, file_) != count) throw FileFault("cannot write", path_, errno);
 }
 
 void FileWriter::close(bool durable)

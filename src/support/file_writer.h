@@ -32,6 +32,7 @@ public:
 
 private:
     void flush();
+    void write(const char * bytes, std::size_t count);
 
     std::string path_;
     std::FILE * file_ = nullptr;

@@ -1,4 +1,3 @@
-#include "data/field_numbers.h"
 #include "data/given_mesh.h"
 #include "data/line_scanner.h"
 #include "data/location_reader.h"
@@ -6,6 +5,7 @@
 #include "data/record_parser.h"
 #include "fakes/definition_values.h"
 #include "support/numbers.h"
+#include "support/plain_number.h"
 #include "support/text.h"
 
 #include <algorithm>

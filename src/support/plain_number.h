@@ -7,7 +7,7 @@
 inline constexpr double exact_powers_of_ten[] = { 1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                                   1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22 };
 
-namespace field_numbers {
+namespace plain_number {
 
 /// A number being taken apart: its digits as one whole number (meaningful up to 19 of them) and the power of ten on it.
 struct Digits {
@@ -50,16 +50,16 @@ inline const char * read_plain_number(const char * at, const char * end, double 
     const bool negative = at != end && *at == '-';
     if (at != end && (*at == '-' || *at == '+')) ++at;
     const char * const first = at;
-    field_numbers::Digits digits;
-    at = field_numbers::take_digits(at, digits);
+    plain_number::Digits digits;
+    at = plain_number::take_digits(at, digits);
     if (at != end && *at == '.') {
         const char * const point = at;
-        at = field_numbers::take_digits(at + 1, digits);
+        at = plain_number::take_digits(at + 1, digits);
         digits.power = -static_cast<int>(at - point - 1);
     }
     if (digits.count == 0) return nullptr;
     if (at != end && (*at | 0x20) == 'e') {
-        at = field_numbers::take_exponent(at, end, digits);
+        at = plain_number::take_exponent(at, end, digits);
         if (at == nullptr) return nullptr;
     }
     // Both the digits and the power are exact here, so that one operation rounds once, to the nearest double.
