@@ -158,6 +158,7 @@ constexpr ControlRow control_rows[] = {
     { "Check_include_regional_mesh" },
     { "Check_use_cluster_controller" },
     { "Text_image_file" },
+    { "Frame_tiling_layout" },
     { "Frame_do_tile" },
     { "Check_do_tile" },
     { "Command_continue_tile" },
