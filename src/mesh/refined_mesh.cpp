@@ -126,7 +126,8 @@ double start_of(double core_start, const List<double> & widths, std::int32_t fir
     return core_start;
 }
 
-/// The core as the tiles and the layout view take it: in x and y it ends at the lower node of its last cell.
+/// The core in numbers of the design mesh, not in those of the base mesh that the opening has: the tiles and the layout view read
+/// its nodes. In x and y it ends at the lower node of its last cell, as the tiles do.
 void set_core(const Opening & opening, const InversionDefinition & definition, UbcMesh & mesh)
 {
     mesh.core_x_first = opening.x_first;

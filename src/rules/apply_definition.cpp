@@ -125,7 +125,7 @@ void initialise_inversion_form(Setup & setup, Host & host)
     const bool refined = setup.refinement_mode == 1;
     setup.form("menu_define_inversion_mode", 0).visible = refined;
     setup.form("menu_define_inversion_mode", 1).visible = !refined;
-    setup.form["Frame_do_tile"].visible = false; // no tile is selected
+    for (const char * frame : { "Frame_tiling_layout", "Frame_do_tile" }) setup.form[frame].visible = false;
     setup.active_column_box = 0;
     show_bound_controls(setup, Block::tiles);
     show_variation(setup);

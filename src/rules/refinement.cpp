@@ -44,7 +44,7 @@ void leave_refined_mode(Setup & setup, Host & host)
 {
     drop_design(setup);
     setup.refinement_mode = 0;
-    reset_mesh(setup.base);
+    reset_mesh(setup.base); // with its leftover file
     setup.base = {};
     initialise_inversion_form(setup, host);
 }
@@ -92,7 +92,7 @@ Status start_with_model(Setup & setup, Host & host)
 
 Status start_refinement(Setup & setup, const std::string & mesh_file, Host & host)
 {
-    reset_mesh(setup.base);
+    setup.base = {};
     setup.base.mesh_file = mesh_file;
     const Status status = read_mesh_file(setup.base, host);
     if (status != Status::good) return status;
@@ -106,7 +106,9 @@ Status take_base_model(Setup & setup, const std::string & model_file, Host & hos
     if (check_base_mesh(setup.base, host) != Status::good) return Status::bad;
     setup.base.model_file = model_file;
     const bool topo_file = setup.definition.topo_type == 0 && !trim(setup.definition.data_file[1]).empty();
-    return read_model_file(setup.base, topo_file, host);
+    const Status status = read_model_file(setup.base, topo_file, host);
+    if (status != Status::good) setup.base.model_file.clear();
+    return status;
 }
 
 Status press_define_inversion_mode(Setup & setup, int index, Host & host)
