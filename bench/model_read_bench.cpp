@@ -2,10 +2,12 @@
 // file and std::from_chars for one value after the other, left in the order of the file.
 
 #include "fakes/recorded_host.h"
+#include "model/mesh_reader.h"
 #include "model/model_file.h"
 #include "model/model_reader.h"
 #include "support/fault.h"
 #include "support/file_bytes.h"
+#include "support/file_writer.h"
 #include "support/paths.h"
 
 #include <benchmark/benchmark.h>
@@ -18,6 +20,7 @@
 namespace {
 
 constexpr std::int64_t cell_count = 256 * 256 * 128;
+constexpr std::int64_t width_count = 1'000'000;
 
 UbcMesh model_mesh()
 {
@@ -43,18 +46,44 @@ List<float> inverted_model()
     return values;
 }
 
-/// The input, made once and then found again by later runs and by the script beside this program.
-std::string model_file()
+void write_model(const std::string & path)
 {
-    const std::filesystem::path path = std::filesystem::temp_directory_path() / "bench_model.sus";
+    RecordedHost quiet;
+    const UbcMesh mesh = model_mesh();
+    write_model_file(path, mesh, whole_mesh(mesh), inverted_model(), {}, quiet.progress);
+}
+
+void write_mesh(const std::string & path)
+{
+    std::mt19937 random(7);
+    FileWriter file(path);
+    file.line(std::to_string(width_count) + " 1 1");
+    file.line("0 0 0");
+    for (std::int64_t i = 0; i < width_count; ++i) {
+        char * const at = file.room(32);
+        char * end =
+            std::to_chars(at, at + 24, 25 + static_cast<double>(random() % 1'000'000) * 1e-4, std::chars_format::fixed, 4).ptr;
+        *end++ = i % 10 == 9 ? '\n' : ' ';
+        file.commit(end);
+    }
+    file.line("100");
+    file.line("50");
+    file.close();
+}
+
+/// An input, made once and then found again by later runs and by the script beside this program.
+std::string input_file(const char * name, void (*write)(const std::string & path))
+{
+    const std::filesystem::path path = std::filesystem::temp_directory_path() / name;
     if (!std::filesystem::exists(path)) {
-        RecordedHost quiet;
-        const UbcMesh mesh = model_mesh();
-        write_model_file(definition_path(path.string() + ".new"), mesh, whole_mesh(mesh), inverted_model(), {}, quiet.progress);
+        write(definition_path(path.string() + ".new"));
         std::filesystem::rename(path.string() + ".new", path);
     }
     return definition_path(path);
 }
+
+std::string model_file() { return input_file("bench_model.sus", write_model); }
+std::string mesh_file() { return input_file("bench_mesh.msh", write_mesh); }
 
 void ours(benchmark::State & state)
 {
@@ -86,7 +115,40 @@ void floor_from_chars(benchmark::State & state)
     state.SetItemsProcessed(state.iterations() * cell_count);
 }
 
+void mesh(benchmark::State & state)
+{
+    RecordedHost quiet;
+    BaseModel base;
+    base.mesh_file = mesh_file();
+    for (auto _ : state)
+        if (read_mesh_file(base, quiet.host) != Status::good || base.mesh.cells_x() != width_count)
+            throw Fault("the mesh was not read");
+}
+
+void mesh_floor(benchmark::State & state)
+{
+    const std::string path = mesh_file();
+    for (auto _ : state) {
+        const FileBytes bytes(path);
+        std::vector<double> numbers;
+        numbers.reserve(width_count + 8);
+        const char * const end = bytes.text().data() + bytes.text().size();
+        for (const char * at = bytes.text().data(); at != end;) {
+            if (*at <= ' ') {
+                ++at;
+                continue;
+            }
+            double number = 0;
+            at = std::from_chars(at, end, number).ptr;
+            numbers.push_back(number);
+        }
+        if (std::ssize(numbers) != width_count + 8) throw Fault("the floor was not read");
+    }
+}
+
 }
 
 BENCHMARK(ours)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(floor_from_chars)->Name("floor")->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(mesh)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(mesh_floor)->Unit(benchmark::kMillisecond)->UseRealTime();

@@ -1,5 +1,6 @@
 #include "model/value_text.h"
 
+#include "model/usual_number.h"
 #include "support/numbers.h"
 #include "support/plain_number.h"
 #include "support/text.h"
@@ -61,13 +62,20 @@ private:
     bool read_value()
     {
         float & value = found_.room[found_.count];
-        double number = 0;
-        const char * const stop = at_ < plain_end_ ? read_plain_number(at_, plain_end_, number) : nullptr;
-        if (stop == nullptr || !is_separator(*stop) || !fits(number, value)) return read_oddly(value);
+        const char * stop = end_ - at_ > usual_number_reach ? read_usual_number(at_, value) : nullptr;
+        if (stop == nullptr) stop = read_plain(value);
+        if (stop == nullptr || !is_separator(*stop)) return read_oddly(value);
         at_ = stop;
         ++found_.count;
         skip_mark();
         return true;
+    }
+
+    const char * read_plain(float & value) const
+    {
+        double number = 0;
+        const char * const stop = at_ < plain_end_ ? read_plain_number(at_, plain_end_, number) : nullptr;
+        return stop != nullptr && fits(number, value) ? stop : nullptr;
     }
 
     bool read_oddly(float & value)

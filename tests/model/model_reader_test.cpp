@@ -101,6 +101,26 @@ TEST(read_model_values, given_any_order_and_share_of_the_work_then_each_value_in
         }
 }
 
+TEST(read_model_values, given_numbers_of_every_length_then_the_nearest_double_as_a_float)
+{
+    std::vector<std::string> numbers;
+    for (const std::string digits : { "123456789012", "000000001002", "999999999999", "500000000000" })
+        for (std::size_t whole = 0; whole <= 3; ++whole)
+            for (std::size_t decimals = 1; decimals <= 9; ++decimals)
+                for (const char * exponent : { "", "E+00", "e-03", "E+22", "E-31", "e5", "E-123", "E+007" })
+                    for (const char * sign : { "", "-", "+" })
+                        numbers.push_back(sign + digits.substr(0, whole) + "." + digits.substr(whole, decimals) + exponent);
+    std::string content;
+    for (const std::string & number : numbers) content += number + "\n";
+    const TemporaryFolder folder;
+    RecordedHost host;
+    List<float> values;
+    const UbcMesh mesh = mesh_of({ 1, 1, static_cast<std::int32_t>(numbers.size()) });
+    ASSERT_EQ(read_model_values(folder.write("model", content), 1, -1, mesh, values, host.host), Status::good);
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        EXPECT_EQ(values.items()[i], static_cast<float>(std::strtod(numbers[i].c_str(), nullptr))) << numbers[i];
+}
+
 TEST(read_model_values, given_a_huge_mesh_and_a_small_file_then_it_ends_at_once)
 {
     constexpr std::int32_t most = 2147483647;
