@@ -20,8 +20,8 @@ STAND_INS = """DMXextract QVextract DMXnullvol QVnullvol magfor3d gzfor3d qvpre3
 SERVICE = "QVsen3D_RPCServer"  # started beside the script, so its place in the log is open
 
 # Four tiles of uneven size.
-REFINED = """Refinement Mode: 1; X Range: 1000 1400 50 8; Y Range: 2000 2400 50 8; Z Range: 100 300 25 8 1 0;
-    X tile size: 6; Y tile size: 6; Tile overlap: 1; Tile X/Y blend: 1; Tile Z blend: 2; Tile min points: 0;
+REFINED = """Refinement Mode: 1; X Range: 1000 1400 50 8; Y Range: 2000 2400 50 8; Z Range: {} 25 8 1 0;
+    X tile size: 8; Y tile size: 8; Tile overlap: 2; Tile X/Y blend: 1; Tile Z blend: 1; Tile min points: 0;
     Tile use reference: 1; Tile coarse model: 1"""
 
 
@@ -30,15 +30,16 @@ class Case:
 
     def __init__(self, name, changes, sensitivity, stem, shapes, tile_shape, data="mag", matrices="qvinv3d.mtx"):
         own = stem == "qvinv3d"
+        self.refined = REFINED.format("-200 0" if own else "100 300")  # the own solver's hangs from the ground
         tool, error = ("QV", "QVerror") if own else ("DMX", "dmxerror")
         forward = {"maginv3d": "magfor3d", "gzinv3d": "gzfor3d", "qvinv3d": "qvpre3d"}[stem]
         outside = [tool + "extract", tool + "nullvol", forward] + ["DMXdelreg"] * (not own)
         end = [error, tool + "insert"]
         self.name, self.changes, self.data, self.matrices = name, changes, data, matrices
         self.shapes, self.tile_shapes = shapes, {**shapes, stem: tile_shape}
-        self.cluster = "Controller: 1" in changes
+        self.cluster = own  # the tiles of this solver always use it
         self.coarse = sensitivity + [f"{stem} {stem}.inp"] + [error] * own
-        in_tile = ["qvsen3d_cluster_controller"] if self.cluster else sensitivity
+        in_tile = ["qvsen3d_cluster_controller"] if own else sensitivity
         self.first = outside + in_tile + [f"{stem} {stem}.inp"] + end
         self.second = outside * own + [f"{stem} {stem}.restart"] + end  # the own solver's residual is made anew each time
         self.insertion = end[1:]
@@ -51,11 +52,10 @@ CASES = [
          {"pfweight": ".ffmnm", "magsen3d": "ffmf.mn", "maginv3d": "nnffmmmmmm.m"}, "0nnffmmmmmmn"),
     Case("first", "Inversion method: 1; Obs data types: 0 -1 -1", ["gzsen3d"], "gzinv3d",
          {"gzinv3d": "0nnnfmffmmmmmn"}, "0nnnfmffmmmmmn", data="grav"),
-    Case("own", "Inversion method: 4; Use Cluster Controller: 0", ["qvsen3d qvsen3d.inp"], "qvinv3d",
+    Case("own", "Inversion method: 4", ["qvsen3d qvsen3d.inp"], "qvinv3d",
          {"qvsen3d": "ffmnm.mn", "qvinv3d": "0nnffmmmmmn"}, "0nnffmmmmmf"),
-    Case("own_cluster", "Inversion method: 4; Use Cluster Controller: 1; Obs data types: 2 5 -1;"
-         "Obs data definitions: 2 0 1 0 1 2 3 4 3 0 0", ["qvsen3d qvsen3d.inp"], "qvinv3d",
-         {"qvsen3d": "ffmnm.mn", "qvinv3d": "0nnffmmmmmn"}, "0nnffmmmmmf", data="grav",
+    Case("own_tensor", "Inversion method: 4; Obs data types: 2 5 -1; Obs data definitions: 2 0 1 0 1 2 3 4 3 0 0",
+         ["qvsen3d qvsen3d.inp"], "qvinv3d", {"qvsen3d": "ffmnm.mn", "qvinv3d": "0nnffmmmmmn"}, "0nnffmmmmmf", data="grav",
          matrices="QVinv3D_Gzz.mtx QVinv3D_Gne.mtx"),
 ]
 # The report on the whole names a file of one solver, which only the tiles have.
@@ -159,7 +159,7 @@ class Walk:
         self.create("coarse", [])
         self.expect("coarse", "run_inversion.bat", case.shapes, ["coarse: " + call for call in case.coarse])
         # From the last row and column back to the first; the first column's second tile is left out.
-        self.create("tiles", [REFINED], "--base-mesh", "coarse/mesh", "--skip-tile", "1,2", "--tile-order", "1,1,1",
+        self.create("tiles", [case.refined], "--base-mesh", "coarse/mesh", "--skip-tile", "1,2", "--tile-order", "1,1,1",
                     "--base-model", "coarse/model." + ("den" if case.data == "grav" else "sus"))
         tiles = ("tile0202", "tile0201", "tile0101")
         for script, calls in (("iter_all.bat", case.first), ("iter_all.bat", case.second), ("insert_all.bat", case.insertion)):
