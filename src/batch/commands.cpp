@@ -45,13 +45,18 @@ void set_output_folder(Setup & setup, std::string folder)
     setup.form["Text_directory_name"].text = name;
 }
 
+Status enter_refinement(Setup & setup, const BaseFiles & base, Host & host)
+{
+    if (start_refinement(setup, base.mesh, host) != Status::good) return Status::bad;
+    return finish_refinement(setup, base.model.empty() ? std::nullopt : std::optional(base.model), host);
+}
+
 /// Enters refined mode when there is a base mesh, then reads the definition. One of a tiled inversion without its base mesh would
 /// silently become a simple one and is refused.
 Status read_for_inversion(BatchSession & batch, const std::string & definition, const BaseFiles & base)
 {
     Setup & setup = batch.session.setup;
-    if (!base.mesh.empty() && start_refinement(setup, base.mesh, batch.host) != Status::good) return Status::bad;
-    if (!base.model.empty() && take_base_model(setup, base.model, batch.host) != Status::good) return Status::bad;
+    if (!base.mesh.empty() && enter_refinement(setup, base, batch.host) != Status::good) return Status::bad;
     if (read_definition(batch.session, definition, Selection::all, batch.host) != Status::good) return Status::bad;
     if (setup.definition.refinement_mode != 1 || setup.refinement_mode == 1) return Status::good;
     batch.host.dialogs.message(

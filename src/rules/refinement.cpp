@@ -82,10 +82,16 @@ Status start_with_model(Setup & setup, Host & host)
     if (!mesh_file) return Status::stopped;
     if (start_refinement(setup, *mesh_file, host) != Status::good) return Status::bad;
     if (check_base_mesh(setup.base, host) != Status::good) return Status::bad;
-    const std::optional<std::string> model_file = ask_for_model(*mesh_file, host);
-    if (model_file && take_base_model(setup, *model_file, host) != Status::good) return Status::bad;
-    host.dialogs.message("The mesh/model files have been loaded and refinement mode is enabled");
-    return Status::good;
+    return finish_refinement(setup, ask_for_model(*mesh_file, host), host);
+}
+
+Status take_base_model(Setup & setup, const std::string & model_file, Host & host)
+{
+    setup.base.model_file = model_file;
+    const bool topo_file = setup.definition.topo_type == 0 && !trim(setup.definition.data_file[1]).empty();
+    const Status status = read_model_file(setup.base, topo_file, host);
+    if (status != Status::good) setup.base.model_file.clear();
+    return status;
 }
 
 }
@@ -96,19 +102,18 @@ Status start_refinement(Setup & setup, const std::string & mesh_file, Host & hos
     setup.base.mesh_file = mesh_file;
     const Status status = read_mesh_file(setup.base, host);
     if (status != Status::good) return status;
-    if (!setup.base.mesh_loaded) return Status::bad;
+    // The reader leaves files of foreign kinds alone without a word.
+    if (!setup.base.mesh_loaded) return refuse("The file holds no mesh that can be refined: " + mesh_file, host);
     enter_refined_mode(setup, host);
     return Status::good;
 }
 
-Status take_base_model(Setup & setup, const std::string & model_file, Host & host)
+Status finish_refinement(Setup & setup, const std::optional<std::string> & model_file, Host & host)
 {
     if (check_base_mesh(setup.base, host) != Status::good) return Status::bad;
-    setup.base.model_file = model_file;
-    const bool topo_file = setup.definition.topo_type == 0 && !trim(setup.definition.data_file[1]).empty();
-    const Status status = read_model_file(setup.base, topo_file, host);
-    if (status != Status::good) setup.base.model_file.clear();
-    return status;
+    if (model_file && take_base_model(setup, *model_file, host) != Status::good) return Status::bad;
+    host.dialogs.message("The mesh/model files have been loaded and refinement mode is enabled");
+    return Status::good;
 }
 
 Status press_define_inversion_mode(Setup & setup, int index, Host & host)

@@ -35,7 +35,9 @@ TEST(commands, given_a_command_line_then_streams_and_status_are_apart)
 TEST(commands, given_a_command_line_that_cannot_be_understood_then_status_2_and_nothing_on_standard_output)
 {
     const TemporaryFolder folder;
-    for (const char * line : { "", "nonsense", "create a.inp", "create a.inp --output b --mode half", "transform" }) {
+    for (const char * line :
+         { "", "nonsense", "create a.inp", "create a.inp --output b --mode half", "transform",
+           "create a.inp --output b --skip-tile 01,01", "create a.inp --output b --base-mesh m --tile-order 0,2,0" }) {
         const BatchRun run = run_batch(arguments_of(line, folder));
         EXPECT_EQ(run.status, 2) << line;
         EXPECT_EQ(run.output, "");
