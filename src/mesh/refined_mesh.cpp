@@ -87,14 +87,19 @@ Opening snap_limits(const UbcMesh & base, InversionDefinition & definition)
     return opening;
 }
 
-/// A volume without a cell would leave a hole in the base mesh, and a tile without one cannot be laid.
-Status check_counts(const InversionDefinition & definition, Dialogs & dialogs)
+/// A volume without a cell would leave a hole in the base mesh.
+Status check_cells(const InversionDefinition & definition, Dialogs & dialogs)
 {
     for (std::size_t axis = 0; axis < 3; ++axis)
         if (definition.mesh_cells[axis] < 1)
             return refuse("The refined volume has no cell in " + std::string(1, "xyz"[axis]) +
-                              ": its limits move to nodes of the original model, which leaves less than one cell between them",
+                              ": its limits, on nodes of the original model, are less than a cell apart",
                           dialogs);
+    return Status::good;
+}
+
+Status check_tile_sizes(const InversionDefinition & definition, Dialogs & dialogs)
+{
     if (definition.tile_x_size < 1) return refuse("The X tile size must be at least one cell", dialogs);
     if (definition.tile_y_size < 1) return refuse("The Y tile size must be at least one cell", dialogs);
     return Status::good;
@@ -170,13 +175,13 @@ UbcMesh joined_mesh(const UbcMesh & base, const Opening & opening, const Inversi
 Status determine_refined_mesh(InversionDefinition & definition, const UbcMesh & base, UbcMesh & mesh, TileLayout & layout,
                               Dialogs & dialogs)
 {
-    if (prepare_mesh_limits(definition) != Status::good) return Status::bad;
+    if (check_cells(definition, dialogs) != Status::good || prepare_mesh_limits(definition) != Status::good) return Status::bad;
     const Core core = core_of(base);
     if (check_limits(definition, core, dialogs) != Status::good) return Status::bad;
 
     InversionDefinition refined = definition;
     const Opening opening = snap_limits(base, refined);
-    if (check_counts(refined, dialogs) != Status::good) return Status::bad;
+    if (check_cells(refined, dialogs) != Status::good || check_tile_sizes(refined, dialogs) != Status::good) return Status::bad;
     warn_of_blend(refined, core, dialogs);
     UbcMesh design = joined_mesh(base, opening, refined);
     TileLayout tiles = layout;

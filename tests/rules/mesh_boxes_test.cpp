@@ -14,7 +14,7 @@ struct Filled : StartedSetup {
     explicit Filled(const std::string & lower_cells = "0")
     {
         load_lines("X Range: 0 400 100 4; Y Range: 0 200 50 4; Z Range: 0 100 10 10 1 0; X/Y padding: 1,2; Z padding: 1,2");
-        act("Text_num_cells 3 = " + lower_cells + "; Text_cell_size 3 = 1.5; Text_tile_overlap =");
+        act("Text_num_cells 3 = " + lower_cells + "; Text_cell_size 3 = 1.5; Text_tile_overlap :=");
         EXPECT_EQ(unload(), Status::good);
     }
     Status unload(int axis = -1, bool keep_maximum = false) { return unload_mesh_from_form(setup, axis, keep_maximum, host); }
@@ -38,7 +38,7 @@ TEST(unload_mesh, given_a_faulty_box_then_its_message_and_the_record_stays)
     for (const auto & [mode, box, message] : cases_of<3>("mesh_boxes.cases")) {
         Filled filled;
         filled.setup.refinement_mode = number_in(mode);
-        filled.act("Text_number_x_tiles = 5; Text_number_y_tiles = 5; Text_tile_overlap = 5; Text_blend_overlap = 5;"
+        filled.act("Text_number_x_tiles := 5; Text_number_y_tiles := 5; Text_tile_overlap := 5; Text_blend_overlap = 5;"
                    "Text_z_blend = 5; Text_max_val 0 = 500");
         filled.act(box);
         EXPECT_EQ(filled.unload(), Status::bad);
@@ -75,9 +75,9 @@ TEST(unload_mesh, given_more_cells_than_can_be_counted_then_the_unloading_ends_o
 TEST(tile_boxes, given_a_refined_definition_then_a_blend_may_reach_the_overlap_but_not_pass_it)
 {
     StartedSetup started;
-    started.act("Text_tile_overlap = 5; Text_blend_overlap = 5; Text_z_blend = 5");
+    started.act("Text_tile_overlap := 5; Text_blend_overlap = 5; Text_z_blend = 5");
     EXPECT_EQ(check_tile_definitions(started.setup, started.host), Status::good);
-    started.act("Text_tile_overlap = 4");
+    started.act("Text_tile_overlap := 4");
     EXPECT_EQ(check_tile_definitions(started.setup, started.host), Status::bad);
     EXPECT_EQ(started.dialogs.messages, Texts{ "The number of blend cells must be less than the number of overlap cells" });
 }
