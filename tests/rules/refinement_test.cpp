@@ -60,15 +60,16 @@ TEST(refinement, given_a_choice_that_fails_or_is_none_then_the_mode_changes_only
     Started started;
     EXPECT_EQ(started.press(1), Status::stopped); // cancelled
     EXPECT_EQ(started.press(1, { started.folder.write("grid.vo", "GOCAD Voxet 1\r\n") }), Status::bad);
-    EXPECT_TRUE(started.dialogs.messages.empty());
+    EXPECT_EQ(started.dialogs.messages.size(), 1U);
     EXPECT_EQ(started.setup.refinement_mode, 0);
+    started.dialogs.messages.clear();
     EXPECT_EQ(started.press(1, { started.mesh_file, started.folder.write("short.sus", "1\r\n2\r\n") }), Status::bad);
     EXPECT_EQ(started.dialogs.messages.size(), 1U);
     EXPECT_TRUE(started.setup.refinement_mode == 1 && started.setup.base.mesh_loaded && started.setup.base.model_file.empty());
     EXPECT_EQ(started.press(0), Status::good);
     EXPECT_TRUE(started.setup.refinement_mode == 0 && !started.setup.base.mesh_loaded);
     started.dialogs.messages.clear();
-    EXPECT_EQ(take_base_model(started.setup, "any.sus", started.host), Status::bad);
+    EXPECT_EQ(finish_refinement(started.setup, "any.sus", started.host), Status::bad);
     EXPECT_EQ(started.dialogs.messages, Texts{ "No mesh file has been specified" });
 }
 
