@@ -109,7 +109,8 @@ class Interpreter:
             if program in STAND_INS:
                 raise NotStarted(f"{script}: {program}")
         with open(self.log) as log:
-            return [shortened(line.rstrip()) for line in log] + [f"{script} said: {line}" for line in said if "wine32" not in line]
+            calls = [shortened(line.rstrip()) for line in log]
+        return calls + [f"{script} said: {line}" for line in said if "wine32" not in line]
 
     def end(self):
         self.server("-k")
