@@ -139,11 +139,13 @@ static void read_extras(void)
     }
 }
 
-/* All arguments are files, unless the first is an input file. */
+/* The arguments are files, or an input file and the number of threads. */
 static void read_files(void)
 {
-    if (count == 2) read_input(arguments[0], arguments[1]);
-    for (int i = 1; i < count && count > 2; ++i) need(arguments[i]);
+    if (count > 1 && strstr(arguments[1], ".inp"))
+        read_input(arguments[0], arguments[1]);
+    else
+        for (int i = 1; i < count; ++i) need(arguments[i]);
 }
 
 static void do_reading(const char * word)
