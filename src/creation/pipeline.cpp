@@ -187,12 +187,17 @@ Status run_guarded(Run & run)
 
 }
 
-std::optional<MeshExtension> mesh_extension(const Run & run)
+namespace {
+
+/// The limits between which the own solver's mesh is draped. All tiles hang from those of the one mesh, and a base mesh that is
+/// draped itself has been read with its top at 0: its own limits tell where that is.
+void set_drape(const Run & run, MeshExtension & extension)
 {
-    if (!run.is_own_solver() || !run.has_topo_file()) return std::nullopt;
-    MeshExtension extension;
-    extension.format = 5;
-    if (run.is_tiled()) { // all tiles hang from the limits of the one mesh
+    const UbcMesh * const base = run.is_tiled() ? &run.creation.refined->base.mesh : nullptr;
+    if (base != nullptr && base->mesh_format == 5 && base->drape_top > base->drape_bottom) {
+        extension.drape_top = base->drape_top;
+        extension.drape_bottom = base->drape_bottom;
+    } else if (base != nullptr) {
         extension.drape_top = to_f32(run.mesh.mesh_z_top);
         extension.drape_bottom = to_f32(run.mesh.mesh_z_bottom);
     } else {
@@ -200,6 +205,16 @@ std::optional<MeshExtension> mesh_extension(const Run & run)
         extension.drape_top = *std::min_element(ground.begin(), ground.end());
         extension.drape_bottom = to_f32(extension.drape_top - (run.mesh.mesh_z_top - run.mesh.mesh_z_bottom));
     }
+}
+
+}
+
+std::optional<MeshExtension> mesh_extension(const Run & run)
+{
+    if (!run.is_own_solver() || !run.has_topo_file()) return std::nullopt;
+    MeshExtension extension;
+    extension.format = 5;
+    set_drape(run, extension);
     extension.topo_nodes = &run.topo.node_topo;
     return extension;
 }
