@@ -16,6 +16,7 @@ struct ListItem {
 struct Control {
     std::string text;            ///< of a box
     std::string caption;         ///< of a label, frame, button or check
+    std::string tool_tip;        ///< where a rule sets it; the others stand with the widgets
     std::vector<ListItem> items; ///< of a list
     int position = -1;           ///< the chosen item, from 0; -1 none
     bool on = false;             ///< of a check, option or toggle

@@ -1,0 +1,1 @@
+#include "app/start_command.h"

@@ -1,0 +1,1 @@
+#include "app/system_launcher.h"

@@ -1,0 +1,1 @@
+#include "mesh/layout_view.h"

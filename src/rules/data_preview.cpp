@@ -1,0 +1,1 @@
+#include "rules/data_preview.h"

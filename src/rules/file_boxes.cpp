@@ -1,0 +1,1 @@
+#include "rules/file_boxes.h"

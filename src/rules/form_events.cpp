@@ -1,0 +1,1 @@
+#include "rules/form_events.h"

@@ -1,0 +1,1 @@
+#include "rules/live_checks.h"

@@ -1,0 +1,1 @@
+#include "rules/mesh_events.h"

@@ -1,0 +1,1 @@
+#include "rules/transform_rules.h"
