@@ -21,6 +21,7 @@ struct PausedCreation {
 struct Session {
     Setup setup;
     std::optional<PausedCreation> paused;
+    bool done = false; ///< the user wants to leave the program
     std::vector<std::string> recent_files; ///< newest first, at most `most_recent_files`
 };
 
@@ -28,6 +29,9 @@ inline constexpr std::size_t most_recent_files = 6;
 
 /// Shows a fresh definition.
 void start_session(Session & session, Host & host);
+
+/// Keeps what the next session starts from.
+void end_session(Session & session, Host & host);
 
 /// Puts a path at the head of the recent files, where it stands once, and keeps the list in the settings.
 void add_file_to_MRU(Session & session, const std::string & path, Host & host);

@@ -10,7 +10,6 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QVBoxLayout>
-
 #include <filesystem>
 
 namespace {
@@ -78,8 +77,7 @@ std::optional<std::string> DesktopDialogs::choose_folder(const std::string & tit
 std::optional<std::string> DesktopDialogs::input(const std::string & title, const std::string & prompt, const std::string & start)
 {
     bool accepted = false;
-    const QString text =
-        QInputDialog::getText(&parent_, shown(title), shown(prompt), QLineEdit::Normal, shown(start), &accepted);
+    const QString text = QInputDialog::getText(&parent_, shown(title), shown(prompt), QLineEdit::Normal, shown(start), &accepted);
     return accepted ? std::optional(text.toStdString()) : std::nullopt;
 }
 
@@ -104,32 +102,44 @@ bool DesktopDialogs::check_options(const std::string & title, std::vector<CheckO
     return true;
 }
 
-void DesktopProgress::begin()
+void DesktopProgress::begin_command()
 {
-    if (depth_++ > 0) return;
+    in_command_ = true;
     stop_asked_ = false;
     since_last_.start();
-    running_(true);
+}
+
+void DesktopProgress::end_command()
+{
+    in_command_ = false;
+    if (shown_) foot_.show_running(false);
+    shown_ = false;
+}
+
+void DesktopProgress::begin() { let_events_run(true); }
+void DesktopProgress::end() { foot_.percent(100); }
+void DesktopProgress::line(const std::string &) { let_events_run(true); }
+
+void DesktopProgress::step(const std::string & text)
+{
+    foot_.step(text);
     let_events_run(true);
 }
 
-void DesktopProgress::end()
+void DesktopProgress::percent(int percent)
 {
-    if (--depth_ > 0) return;
-    running_(false);
-    show_();
+    foot_.percent(percent);
+    let_events_run(false);
 }
-
-void DesktopProgress::line(const std::string &) { let_events_run(true); }
-void DesktopProgress::step(const std::string &) { let_events_run(true); }
-void DesktopProgress::percent(int) { let_events_run(false); }
 
 /// Showing takes longer than most steps of the work, so a mere percentage waits until a blink has gone by.
 void DesktopProgress::let_events_run(bool at_once)
 {
     constexpr qint64 blink = 40; // milliseconds
-    if (!at_once && since_last_.isValid() && since_last_.elapsed() < blink) return;
-    show_();
+    if (!at_once && since_last_.elapsed() < blink) return;
+    if (!shown_) foot_.show_running(true);
+    shown_ = true;
+    foot_.show_form();
     QCoreApplication::processEvents();
     since_last_.start();
     if (stop_asked_) throw Stopped();

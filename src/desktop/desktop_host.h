@@ -3,11 +3,9 @@
 #include "host/dialogs.h"
 #include "host/progress.h"
 
-#include <functional>
-
 #include <QElapsedTimer>
-#include <QPointer>
 #include <QWidget>
+#include <functional>
 
 /// The boxes that stop the user, as windows over `parent`.
 class DesktopDialogs : public Dialogs {
@@ -26,18 +24,25 @@ private:
     QWidget & parent_;
 };
 
+/// What the window shows of long work.
+struct ProgressFoot {
+    std::function<void()> show_form;               ///< shows the form as it is
+    std::function<void(bool)> show_running;        ///< work has been going on for a while, or has ended
+    std::function<void(const std::string &)> step; ///< the few words for the step under way
+    std::function<void(int)> percent;
+};
+
 /// Keeps the window alive in long work: shows what has been reported and lets its events run, and ends the work once the user has
 /// asked to stop.
 class DesktopProgress : public Progress {
 public:
-    /// show: shows the form as it is; running: told when a run begins and ends.
-    DesktopProgress(std::function<void()> show, std::function<void(bool)> running)
-        : show_(std::move(show)), running_(std::move(running))
-    {
-    }
+    explicit DesktopProgress(ProgressFoot foot) : foot_(std::move(foot)) {}
 
+    /// A command of the user begins or ends. Only one runs at a time.
+    void begin_command();
+    void end_command();
+    bool in_command() const { return in_command_; }
     void stop() { stop_asked_ = true; }
-    bool is_running() const { return depth_ > 0; }
 
     void begin() override;
     void end() override;
@@ -48,9 +53,7 @@ public:
 private:
     void let_events_run(bool at_once);
 
-    std::function<void()> show_;
-    std::function<void(bool)> running_;
-    int depth_ = 0;
-    bool stop_asked_ = false;
+    ProgressFoot foot_;
+    bool in_command_ = false, shown_ = false, stop_asked_ = false;
     QElapsedTimer since_last_;
 };

@@ -13,7 +13,6 @@
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QTabWidget>
-
 #include <algorithm>
 #include <array>
 
@@ -96,7 +95,6 @@ void show_action(const Control & control, QObject & object)
     auto & action = static_cast<QAction &>(object);
     if (!control.caption.empty()) action.setText(shown(control.caption));
     action.setVisible(control.visible);
-    action.setEnabled(control.enabled);
 }
 
 /// How a widget of a kind shows a control.
@@ -114,22 +112,16 @@ bool is_a(QObject & object)
 bool is_status_panel(QObject & object) { return object.objectName().startsWith(QLatin1String("StatusBar_")); }
 
 constexpr Kind kinds[] = {
-    { &is_status_panel, &show_panel },
-    { &is_a<QLineEdit>, &show_line },
-    { &is_a<QPlainTextEdit>, &show_lines },
-    { &is_a<QComboBox>, &show_list },
-    { &is_a<QAbstractButton>, &show_button },
-    { &is_a<QGroupBox>, &show_group },
-    { &is_a<QLabel>, &show_label },
-    { &is_a<QProgressBar>, &show_bar },
-    { &is_a<QAction>, &show_action },
+    { &is_status_panel, &show_panel }, { &is_a<QLineEdit>, &show_line },         { &is_a<QPlainTextEdit>, &show_lines },
+    { &is_a<QComboBox>, &show_list },  { &is_a<QAbstractButton>, &show_button }, { &is_a<QGroupBox>, &show_group },
+    { &is_a<QLabel>, &show_label },    { &is_a<QProgressBar>, &show_bar },       { &is_a<QAction>, &show_action },
     { &is_a<QObject>, &show_nothing },
 };
 
 /// The kinds of names that controls have; a widget named so must have a control.
-constexpr std::array prefixes = { "Text_",    "Combo_",       "Check_", "Option_",   "Command_",   "Label_", "Frame_", "menu_",
-                                  "Picture_", "ProgressBar_", "Tab_",   "UpDown_",   "StatusBar_", "RichTextBox_",   "Grid_",
-                                  "Drive1",   "Dir1" };
+constexpr std::array prefixes = { "Text_",      "Combo_",       "Check_",   "Option_",      "Command_", "Label_",
+                                  "Frame_",     "menu_",        "Picture_", "ProgressBar_", "Tab_",     "UpDown_",
+                                  "StatusBar_", "RichTextBox_", "Grid_",    "Drive1",       "Dir1" };
 
 bool is_named_like_a_control(const QString & name)
 {
@@ -141,16 +133,25 @@ QString widget_name(const std::string & control, int index, int count)
     return count == 1 ? shown(control) : shown(control) + QLatin1Char('_') + QString::number(index);
 }
 
-void show_flags(const Control & control, QWidget & widget)
+/// What a user works with, as against what only shows or groups.
+bool takes_input(const QWidget & widget)
 {
+    return qobject_cast<const QLineEdit *>(&widget) || qobject_cast<const QComboBox *>(&widget) ||
+           qobject_cast<const QAbstractButton *>(&widget);
+}
+
+void show_flags(const Control & control, bool frozen, QWidget & widget)
+{
+    const bool enabled = control.enabled && !(frozen && takes_input(widget));
     if (widget.isHidden() == control.visible) widget.setVisible(control.visible);
-    if (widget.isEnabledTo(widget.parentWidget()) != control.enabled) widget.setEnabled(control.enabled);
+    if (widget.isEnabledTo(widget.parentWidget()) != enabled) widget.setEnabled(enabled);
     if (!control.tool_tip.empty()) widget.setToolTip(shown(control.tool_tip));
     const std::int32_t bgr = control.back_colour;
-    const QString style =
-        bgr == Control::window_colour
-            ? QString()
-            : QStringLiteral("background-color: rgb(%1, %2, %3); color: black").arg(bgr & 255).arg(bgr >> 8 & 255).arg(bgr >> 16 & 255);
+    const QString style = bgr == Control::window_colour ? QString()
+                                                        : QStringLiteral("background-color: rgb(%1, %2, %3); color: black")
+                                                              .arg(bgr & 255)
+                                                              .arg(bgr >> 8 & 255)
+                                                              .arg(bgr >> 16 & 255);
     if (widget.styleSheet() != style) widget.setStyleSheet(style);
 }
 
@@ -204,9 +205,8 @@ void FormView::listen(const std::string & control, int index, QObject & widget)
         });
     } else if (auto * const lines = qobject_cast<QPlainTextEdit *>(&widget)) {
         if (!lines->isReadOnly())
-            connect(lines, &QPlainTextEdit::textChanged, this, [=, this] {
-                tell(events_.changed, [lines](Control & c) { c.text = lines->toPlainText().toStdString(); });
-            });
+            connect(lines, &QPlainTextEdit::textChanged, this,
+                    [=, this] { tell(events_.changed, [lines](Control & c) { c.text = lines->toPlainText().toStdString(); }); });
     } else if (auto * const list = qobject_cast<QComboBox *>(&widget)) {
         connect(list, &QComboBox::activated, this,
                 [=, this](int position) { tell(events_.changed, [position](Control & c) { c.position = position; }); });
@@ -249,9 +249,18 @@ void FormView::show()
         if (row.widget == &root_)
             root_.setWindowTitle(shown(control.caption));
         else if (auto * const widget = qobject_cast<QWidget *>(row.widget.data()))
-            show_flags(control, *widget);
+            show_flags(control, frozen_, *widget);
     }
     showing_ = false;
+}
+
+void FormView::freeze(bool frozen)
+{
+    frozen_ = frozen;
+    show();
+    for (const Join & row : joins_)
+        if (auto * const action = qobject_cast<QAction *>(row.widget.data()))
+            action->setEnabled(!frozen && form_(row.control, row.index).enabled);
 }
 
 void FormView::show_faults(const Faults & fault_of)

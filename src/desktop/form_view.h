@@ -6,7 +6,6 @@
 #include <QPointer>
 #include <QStringList>
 #include <QWidget>
-
 #include <functional>
 #include <string>
 #include <vector>
@@ -34,6 +33,9 @@ public:
     /// Shows the whole form. Widgets that agree already are left alone, so that a cursor stays where it is.
     void show();
 
+    /// While frozen, nothing can be typed, chosen or pressed.
+    void freeze(bool frozen);
+
     /// Shows the words under a box that would fail its check; empty takes them back.
     using Faults = std::function<std::string(const std::string & control, int index)>;
     void show_faults(const Faults & fault_of);
@@ -60,5 +62,5 @@ private:
     FormEvents events_;
     std::vector<Join> joins_;
     QStringList unjoined_;
-    bool showing_ = false;
+    bool showing_ = false, frozen_ = false;
 };

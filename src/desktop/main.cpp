@@ -1,10 +1,11 @@
 #include "app/file_settings.h"
 #include "app/system_launcher.h"
 #include "desktop/main_window.h"
+#include "support/paths.h"
 
 #include <QApplication>
-
 #include <clocale>
+#include <filesystem>
 
 int main(int argument_count, char ** arguments)
 {
@@ -16,5 +17,6 @@ int main(int argument_count, char ** arguments)
     SystemLauncher launcher(settings);
     MainWindow window(settings, launcher);
     window.show();
+    if (argument_count > 1) window.open_definition(definition_path(std::filesystem::absolute(arguments[1])));
     return QApplication::exec();
 }

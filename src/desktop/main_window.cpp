@@ -1,10 +1,14 @@
 #include "desktop/main_window.h"
 
+#include "app/file_commands.h"
 #include "app/press.h"
+#include "desktop/data_previews.h"
 #include "rules/change_rules.h"
 #include "rules/file_boxes.h"
 #include "rules/form_events.h"
 #include "rules/live_checks.h"
+#include "support/paths.h"
+#include "support/text.h"
 #include "ui_page_create.h"
 #include "ui_page_data.h"
 #include "ui_page_mesh.h"
@@ -13,9 +17,20 @@
 #include "ui_page_tiles.h"
 #include "ui_page_topography.h"
 
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDragEnterEvent>
+#include <QMenuBar>
+#include <QMimeData>
 #include <QScrollArea>
+#include <QStatusBar>
+#include <QToolButton>
+#include <QVBoxLayout>
 
 namespace {
+
+constexpr const char * section = "ZEB_QVinv3d_setup";
+constexpr int tiles_page = 5, topography_page = 2;
 
 template <class Page>
 void add_page(QTabWidget & tabs, const QString & title)
@@ -29,16 +44,66 @@ void add_page(QTabWidget & tabs, const QString & title)
     tabs.addTab(area, title);
 }
 
+/// A menu item; its name joins it to its control.
+struct Item {
+    const char * name; ///< empty: a line
+    const char * text;
+    const char * shortcut = "";
+};
+
+constexpr Item file_items[] = {
+    { "menu_read_file_0", "&Open definition...", "Ctrl+O" },
+    { "menu_read_file_1", "Open &parameters only..." },
+    { "menu_read_file_2", "Open o&bserved data only..." },
+    { "menu_read_file_3", "Open &topography only..." },
+    { "menu_read_file_4", "Open &mesh only..." },
+    { "menu_save", "&Save definition...", "Ctrl+S" },
+    { "", "" },
+    { "menu_working_directory", "&Working folder..." },
+    { "menu_sep_file", "" },
+    { "menu_file_list_0", "" },
+    { "menu_file_list_1", "" },
+    { "menu_file_list_2", "" },
+    { "menu_file_list_3", "" },
+    { "menu_file_list_4", "" },
+    { "menu_file_list_5", "" },
+    { "", "" },
+    { "menu_exit", "E&xit", "Ctrl+Q" },
+};
+
+constexpr Item mode_items[] = {
+    { "menu_define_inversion_mode_0", "Switch to &Standard Mode" },
+    { "menu_define_inversion_mode_1", "Switch to &Refinement Mode..." },
+};
+
+void add_items(QMenu & menu, std::span<const Item> items)
+{
+    for (const Item & item : items) {
+        auto * const action = new QAction(QString::fromLatin1(item.text), &menu);
+        action->setObjectName(QString::fromLatin1(item.name));
+        action->setShortcut(QKeySequence(QString::fromLatin1(item.shortcut)));
+        action->setSeparator(*item.text == 0 && !action->objectName().startsWith(QLatin1String("menu_file_list")));
+        menu.addAction(action);
+    }
+}
+
+std::string path_of(const QUrl & url) { return definition_path(std::filesystem::path(url.toLocalFile().toStdString())); }
+
 }
 
 MainWindow::MainWindow(SettingsStore & settings, ScriptLauncher & launcher, Dialogs * dialogs)
-    : own_dialogs_(*this), display_progress_([this] { refresh(); }, [this](bool running) { show_running(running); }),
+    : own_dialogs_(*this), display_progress_({ [this] { refresh(); }, [this](bool running) { show_running(running); },
+                                               [this](const std::string & text) { step_->setText(QString::fromStdString(text)); },
+                                               [this](int percent) { bar_->setValue(percent); } }),
       display_{ dialogs ? *dialogs : own_dialogs_, display_progress_, settings, launcher, debug_ },
       progress_(session_.setup.form, display_), host_{ display_.dialogs, progress_, settings, launcher, debug_ }
 {
     setObjectName(QStringLiteral("Form_mag3d"));
+    setAcceptDrops(true);
+    resize(1180, 760);
+    restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(settings.read(section, "WindowGeometry", ""))));
     start_session(session_, host_);
-    build_pages();
+    build();
     view_ = std::make_unique<FormView>(session_.setup.form, *this,
                                        FormEvents{ [this](const std::string & c, int i) { changed(c, i); },
                                                    [this](const std::string & c, int i) { left(c, i); },
@@ -50,36 +115,107 @@ MainWindow::MainWindow(SettingsStore & settings, ScriptLauncher & launcher, Dial
 
 MainWindow::~MainWindow() = default;
 
+void MainWindow::build()
+{
+    auto * const centre = new QWidget;
+    auto * const layout = new QVBoxLayout(centre);
+    layout->setContentsMargins(6, 6, 6, 0);
+    build_pages();
+    layout->addWidget(pages_);
+    setCentralWidget(centre);
+    build_menus();
+    build_foot();
+    previews_ = std::make_unique<DataPreviews>(*this);
+    // Each file box has a button of its own beside it, which opens its dialog as a double click does.
+    for (auto * const button : findChildren<QToolButton *>()) {
+        const QString name = button->objectName();
+        if (!name.startsWith(QLatin1String("browse_"))) continue;
+        const QString box = name.mid(7);
+        const QString last = box.section(QLatin1Char('_'), -1);
+        bool numbered = false;
+        const int index = last.toInt(&numbered);
+        const std::string control = (numbered ? box.chopped(last.size() + 1) : box).toStdString();
+        connect(button, &QToolButton::clicked, this, [this, control, index] { opened(control, index); });
+    }
+}
+
+void MainWindow::build_menus()
+{
+    add_items(*menuBar()->addMenu(tr("&File")), file_items);
+    add_items(*menuBar()->addMenu(tr("&Mode")), mode_items);
+    QMenu & pages = *menuBar()->addMenu(tr("&View"));
+    for (int page = 0; page < pages_->count(); ++page)
+        pages.addAction(pages_->tabText(page), QKeySequence(QStringLiteral("Ctrl+%1").arg(page + 1)), this,
+                        [this, page] { pages_->setCurrentIndex(page); });
+}
+
 void MainWindow::build_pages()
 {
-    auto * const tabs = new QTabWidget(this);
-    tabs->setObjectName(QStringLiteral("Tab_inversion"));
-    add_page<Ui::page_solver>(*tabs, tr("1 Solver"));
-    add_page<Ui::page_data>(*tabs, tr("2 Data"));
-    add_page<Ui::page_topography>(*tabs, tr("3 Topography"));
-    add_page<Ui::page_mesh>(*tabs, tr("4 Mesh"));
-    add_page<Ui::page_parameters>(*tabs, tr("5 Parameters"));
-    add_page<Ui::page_tiles>(*tabs, tr("6 Tiles"));
-    add_page<Ui::page_create>(*tabs, tr("7 Create and run"));
-    setCentralWidget(tabs);
+    pages_ = new QTabWidget;
+    pages_->setObjectName(QStringLiteral("Tab_inversion"));
+    add_page<Ui::page_solver>(*pages_, tr("1 Solver"));
+    add_page<Ui::page_data>(*pages_, tr("2 Data"));
+    add_page<Ui::page_topography>(*pages_, tr("3 Topography"));
+    add_page<Ui::page_mesh>(*pages_, tr("4 Mesh"));
+    add_page<Ui::page_parameters>(*pages_, tr("5 Parameters"));
+    add_page<Ui::page_tiles>(*pages_, tr("6 Tiles"));
+    add_page<Ui::page_create>(*pages_, tr("7 Create and run"));
+}
+
+void MainWindow::build_foot()
+{
+    step_ = new QLabel;
+    bar_ = new QProgressBar;
+    bar_->setMaximumWidth(260);
+    stop_ = new QPushButton(tr("Stop"));
+    stop_->setShortcut(QKeySequence(Qt::Key_Escape));
+    connect(stop_, &QPushButton::clicked, this, [this] { display_progress_.stop(); });
+    statusBar()->addWidget(step_, 1);
+    statusBar()->addPermanentWidget(bar_);
+    statusBar()->addPermanentWidget(stop_);
+    bar_->hide();
+    stop_->hide();
 }
 
 void MainWindow::refresh()
 {
     if (!view_) return;
+    const Setup & setup = session_.setup;
+    pages_->setTabVisible(tiles_page, setup.refinement_mode == 1);
     view_->show();
-    view_->show_faults([this](const std::string & control, int index) { return box_fault(session_.setup, control, index); });
+    view_->show_faults([&setup](const std::string & control, int index) { return box_fault(setup, control, index); });
+    if (!display_progress_.in_command()) previews_->show(setup);
+    show_column_names();
+}
+
+/// The open list of names lies over the box that it fills.
+void MainWindow::show_column_names()
+{
+    for (int slot : { 0, 1 }) {
+        auto * const list = qobject_cast<QComboBox *>(view_->widget_of("Combo_names", slot));
+        auto * const box = qobject_cast<QWidget *>(view_->widget_of(last_entered_.first, last_entered_.second));
+        if (list == nullptr || box == nullptr || !session_.setup.form("Combo_names", slot).visible) continue;
+        list->setParent(box->parentWidget());
+        list->setGeometry(box->geometry());
+        list->show();
+        list->raise();
+    }
 }
 
 void MainWindow::guarded(const std::function<void()> & action)
 {
+    if (display_progress_.in_command()) return;
+    display_progress_.begin_command();
     try {
         action();
     } catch (const Stopped &) {
+        statusBar()->showMessage(tr("Stopped. What had been written stays, and is not complete"));
     } catch (const std::exception & fault) {
         host_.dialogs.message(fault.what());
     }
+    display_progress_.end_command();
     refresh();
+    if (closing_ || session_.done) close();
 }
 
 void MainWindow::changed(const std::string & control, int index)
@@ -87,6 +223,7 @@ void MainWindow::changed(const std::string & control, int index)
     guarded([&] {
         if (!waits_until_left(control)) form_changed(session_.setup, control, index, host_);
     });
+    if (control != "Tab_inversion" && control != "Combo_view_limits") setWindowModified(true);
 }
 
 void MainWindow::left(const std::string & control, int index)
@@ -96,19 +233,92 @@ void MainWindow::left(const std::string & control, int index)
 
 void MainWindow::entered(const std::string & control, int index)
 {
+    last_entered_ = { control, index };
     guarded([&] { form_entered(session_.setup, control, index); });
 }
 
 void MainWindow::pressed(const std::string & control, int index)
 {
-    guarded([&] { static_cast<void>(press(session_, control, index, host_)); });
+    const bool reads = control == "menu_file_list" || (control == "menu_read_file" && index == 0);
+    const bool keeps = control == "menu_save" || (control == "Command_create_inversion" && index == 0);
+    if (reads && !may_drop_changes()) return;
+    guarded([&] {
+        if (press(session_, control, index, host_) == Status::good && (reads || keeps)) setWindowModified(false);
+    });
 }
 
 void MainWindow::opened(const std::string & control, int index)
 {
+    if (!is_file_box(control)) return;
+    guarded([&] { pick_file(session_.setup, control, index, host_); });
+    setWindowModified(true);
+}
+
+void MainWindow::show_running(bool running)
+{
+    bar_->setVisible(running);
+    stop_->setVisible(running);
+    if (!running) step_->clear();
+    view_->freeze(running);
+    if (running)
+        setCursor(Qt::BusyCursor);
+    else
+        unsetCursor();
+}
+
+bool MainWindow::may_drop_changes()
+{
+    return !isWindowModified() ||
+           host_.dialogs.question("The definition has changes that have not been saved. Go on without them?");
+}
+
+void MainWindow::open_definition(const std::string & path)
+{
+    if (!may_drop_changes()) return;
     guarded([&] {
-        if (is_file_box(control)) pick_file(session_.setup, control, index, host_);
+        if (read_definition(session_, path, Selection::all, host_) == Status::good) setWindowModified(false);
     });
 }
 
-void MainWindow::show_running(bool running) { centralWidget()->setEnabled(!running); }
+void MainWindow::take_data_file(const std::string & path)
+{
+    const bool topography = pages_->currentIndex() == topography_page;
+    const int slot = topography ? 1 : session_.setup.definition.data_file_type == 1 ? 2 : 0;
+    guarded([&] {
+        session_.setup.form("Text_data_locations", slot).text = path;
+        form_left(session_.setup, "Text_data_locations", slot, host_);
+    });
+    setWindowModified(true);
+}
+
+void MainWindow::closeEvent(QCloseEvent * event)
+{
+    if (display_progress_.in_command()) {
+        closing_ = closing_ || host_.dialogs.question("Work is under way. Stop it and close?");
+        if (closing_) display_progress_.stop();
+        event->ignore(); // the end of the work closes the window
+        return;
+    }
+    if (!closing_ && !may_drop_changes()) {
+        session_.done = false;
+        event->ignore();
+        return;
+    }
+    static_cast<void>(host_.settings.write(section, "WindowGeometry", saveGeometry().toBase64().toStdString()));
+    end_session(session_, host_);
+    event->accept();
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent * event)
+{
+    if (event->mimeData()->hasUrls() && event->mimeData()->urls().first().isLocalFile()) event->acceptProposedAction();
+}
+
+void MainWindow::dropEvent(QDropEvent * event)
+{
+    const std::string path = path_of(event->mimeData()->urls().first());
+    if (same_text(file_extension_of_path(path), "inp"))
+        open_definition(path);
+    else
+        take_data_file(path);
+}

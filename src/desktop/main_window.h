@@ -1,24 +1,26 @@
 #pragma once
 
-#include "app/file_settings.h"
 #include "app/form_progress.h"
 #include "app/session.h"
-#include "app/system_launcher.h"
 #include "desktop/desktop_host.h"
 #include "desktop/form_view.h"
 
+#include <QLabel>
 #include <QMainWindow>
+#include <QProgressBar>
+#include <QPushButton>
 #include <QTabWidget>
-
 #include <memory>
+
+class DataPreviews;
 
 /// The program's one window: the pages of the form, the layout view, the progress of a run and the menus.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// dialogs, settings and launcher: other ones than the program's own, for its tests.
-    explicit MainWindow(SettingsStore & settings, ScriptLauncher & launcher, Dialogs * dialogs = nullptr);
+    /// dialogs: other ones than the program's own, for its tests.
+    MainWindow(SettingsStore & settings, ScriptLauncher & launcher, Dialogs * dialogs = nullptr);
     ~MainWindow() override;
 
     Session & session() { return session_; }
@@ -26,17 +28,32 @@ public:
     FormView & view() { return *view_; }
     /// Shows the form as it is.
     void refresh();
+    /// Reads a definition as the menu does, for one that was named when the program was started or was dropped on the window.
+    void open_definition(const std::string & path);
 
 private:
+    void build();
+    void build_menus();
     void build_pages();
+    void build_foot();
+
     void changed(const std::string & control, int index);
     void left(const std::string & control, int index);
     void entered(const std::string & control, int index);
     void pressed(const std::string & control, int index);
     void opened(const std::string & control, int index);
-    /// Runs what an event leads to; a fault that nobody handled is shown, and the form after it.
+    /// Runs what an event leads to, unless a command is running already; a fault that nobody handled is shown, and then the form.
     void guarded(const std::function<void()> & action);
+
+    void show_column_names();
     void show_running(bool running);
+    bool may_drop_changes();
+    /// Takes a file into the data box of the page that is shown.
+    void take_data_file(const std::string & path);
+
+    void closeEvent(QCloseEvent * event) override;
+    void dragEnterEvent(QDragEnterEvent * event) override;
+    void dropEvent(QDropEvent * event) override;
 
     Session session_;
     DesktopDialogs own_dialogs_;
@@ -45,5 +62,13 @@ private:
     Host display_;
     FormProgress progress_;
     Host host_;
+
+    QTabWidget * pages_ = nullptr;
+    QLabel * step_ = nullptr;
+    QProgressBar * bar_ = nullptr;
+    QPushButton * stop_ = nullptr;
+    std::unique_ptr<DataPreviews> previews_;
     std::unique_ptr<FormView> view_;
+    std::pair<std::string, int> last_entered_;
+    bool closing_ = false;
 };
