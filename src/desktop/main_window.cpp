@@ -243,7 +243,7 @@ void MainWindow::pressed(const std::string & control, int index)
     const bool keeps = control == "menu_save" || (control == "Command_create_inversion" && index == 0);
     if (reads && !may_drop_changes()) return;
     guarded([&] {
-        if (press(session_, control, index, host_) == Status::good && (reads || keeps)) setWindowModified(false);
+        if (::press(session_, control, index, host_) == Status::good && (reads || keeps)) setWindowModified(false);
     });
 }
 

@@ -30,6 +30,8 @@ public:
     void refresh();
     /// Reads a definition as the menu does, for one that was named when the program was started or was dropped on the window.
     void open_definition(const std::string & path);
+    /// Presses a button or menu item, whether it can be seen or not.
+    void press(const std::string & control, int index = 0) { pressed(control, index); }
 
 private:
     void build();
