@@ -9,6 +9,9 @@
 #include "support/file_writer.h"
 #include "support/numbers.h"
 #include "support/paths.h"
+#include "support/text.h"
+
+#include <map>
 
 namespace {
 
@@ -139,10 +142,15 @@ void copy_model_files(const Run & run)
     if (run.creation.solver().has_bounds && !is_first_solver(run)) files.push_back(definition.model_bounds[0]);
     if (run.creation.solver().form == InputForm::marked) files.push_back(definition.model_bounds[1]);
     files.push_back(definition.rock_property_file);
+    std::map<std::string, std::string> sources;
     for (const std::string & file : files) {
         if (!is_model_file(file)) continue;
         // A bare name may stand for a file that lies in the inversion folder already.
         const std::string target = run.file(file_name_of_path(file));
+        const auto [taken, is_new] = sources.emplace(upper_case(target), absolute_path(file));
+        if (!is_new && taken->second != absolute_path(file))
+            throw Fault("the inversion folder can hold only one file of the name " + file_name_of_path(file) + ": " +
+                        taken->second + " or " + file + ". Rename one of them");
         if (!find_file(file).empty() || find_file(target).empty()) copy_file(file, target);
     }
 }
