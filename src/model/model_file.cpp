@@ -105,10 +105,6 @@ void write_model_file(const std::string & path, const UbcMesh & mesh, const Node
 {
     constexpr std::int64_t values_at_once = std::int64_t{ 1 } << 14;
     FileWriter file(path);
-    if (form.skip) {
-        file.close();
-        return;
-    }
     const WindowColumns columns(mesh, window, values);
     const std::int64_t at_once = std::max(values_at_once / std::max(columns.height(), std::int64_t{ 1 }), std::int64_t{ 1 });
     const auto end_of = [&](std::size_t block) {
