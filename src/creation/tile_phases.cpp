@@ -11,9 +11,8 @@
 #include "support/paths.h"
 #include "support/text.h"
 
-#include <map>
-
 #include <future>
+#include <map>
 
 namespace {
 
@@ -88,10 +87,15 @@ void copy_model_files(const Run & run)
     if (run.creation.solver().has_bounds && !is_first_solver(run)) files.push_back(definition.model_bounds[0]);
     if (run.creation.solver().form == InputForm::marked) files.push_back(definition.model_bounds[1]);
     files.push_back(definition.rock_property_file);
+    std::map<std::string, std::string> sources;
     for (const std::string & file : files) {
         if (!is_model_file(file)) continue;
         // A bare name may stand for a file that lies in the inversion folder already.
         const std::string target = run.file(file_name_of_path(file));
+        const auto [taken, is_new] = sources.emplace(upper_case(target), absolute_path(file));
+        if (!is_new && taken->second != absolute_path(file))
+            throw Fault("the inversion folder can hold only one file of the name " + file_name_of_path(file) + ": " +
+                        taken->second + " or " + file + ". Rename one of them");
         if (!find_file(file).empty() || find_file(target).empty()) copy_file(file, target);
     }
 }
@@ -164,30 +168,6 @@ ModelText model_text(const Run & run)
     return form;
 }
 
-<<<<<<< HEAD
-void copy_model_files(const Run & run)
-{
-    const InversionDefinition & definition = run.definition;
-    copy_file(run.file(refined_model(run)), run.file(solver_model(run)));
-    std::vector<std::string> files = { definition.initial_model, definition.reference_model };
-    if (run.creation.solver().has_bounds && !is_first_solver(run)) files.push_back(definition.model_bounds[0]);
-    if (run.creation.solver().form == InputForm::marked) files.push_back(definition.model_bounds[1]);
-    files.push_back(definition.rock_property_file);
-    std::map<std::string, std::string> sources;
-    for (const std::string & file : files) {
-        if (!is_model_file(file)) continue;
-        // A bare name may stand for a file that lies in the inversion folder already.
-        const std::string target = run.file(file_name_of_path(file));
-        const auto [taken, is_new] = sources.emplace(upper_case(target), absolute_path(file));
-        if (!is_new && taken->second != absolute_path(file))
-            throw Fault("the inversion folder can hold only one file of the name " + file_name_of_path(file) + ": " +
-                        taken->second + " or " + file + ". Rename one of them");
-        if (!find_file(file).empty() || find_file(target).empty()) copy_file(file, target);
-    }
-}
-
-=======
->>>>>>> benchdoc
 void write_tile_models(Run & run)
 {
     // The system copies while the tiles are cut from the same file.
