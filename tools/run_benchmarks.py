@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Runs the programs of bench/ and the scripts beside them, one after the other, and writes docs/benchmarks.md.
 
-With names of subjects only those are run, and the document is not written.
+With names of subjects only those are run, and the document is not written; nor is it with --quick, which leaves out the largest
+cases.
 """
 import glob
 import json
@@ -16,6 +17,10 @@ ROOT = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..")
 PROGRAMS = "build/bench/bin"
 DOCUMENT = "docs/benchmarks.md"
 PYTHON = "/usr/bin/python3"
+QUICK = "--quick"
+# Subjects whose programs are measured as whole processes, each by a script of its own.
+PROCESSES = {"create": "bench/measure_create.py", "tiles": "bench/measure_tiles.py"}
+TAKES_QUICK = {"tiles"}
 SECONDS = {"ns": 1e-9, "us": 1e-6, "ms": 1e-3, "s": 1.0}
 RESULT_LINE = re.compile(r"^(\S+)[:=]?\s+([0-9.eE+-]+)\s*(ns|us|ms|s|MB)?$")
 
@@ -35,6 +40,7 @@ READ, NEAREST = "read 5 M rows of 10 columns, 5 wanted", "nearest reading per ce
 TOPOGRAPHY, MODEL = "1 M points of the ground onto 512 x 512 cells", "write a model of 8.4 M cells"
 MODEL_READ = "read a model of 8.4 M cells"
 WHOLE, TINY = "create, 1 M readings + 1 M points, 256 x 256 x 64", "create, 100 readings + 100 points, 10 x 10 x 10"
+TILED = "create, 1000 x 1000 x 64 in 10 x 10 tiles, a base mesh of 262 x 262 x 64"
 GRIDS = "readings of 1000 x 1000 cells from three grids of 20,000 x 20,000"
 RESAMPLED, SPLINE = "a model of 256 x 256 x 64 cells onto 512 x 512 x 128", "interpolation/map_coordinates"
 GROUND = "topography/topography/scattered/1000"
@@ -67,6 +73,8 @@ AIMS = [
     at_most("create, growth per 4 x in points and cells", "whole / quarter", "create/create_whole", "create/create_quarter", 4.5),
     at_most("create, growth per 4 x in points and cells", "fourfold / whole", "create/create_fourfold", "create/create_whole",
             4.5),
+    at_most(TILED, "ours / its bytes alone", "tiles/create_large", "tiles/bytes_alone_large", 2),
+    at_most(TILED, "peak memory, MB", "tiles/create_large_memory", None, 400),
 ]
 
 
@@ -108,13 +116,14 @@ def run(command, parse, faults):
 
 def subjects():
     programs = {os.path.basename(path).removesuffix("_bench") for path in glob.glob(f"{PROGRAMS}/*_bench")}
-    return sorted(programs | {os.path.basename(path).removesuffix(".py") for path in glob.glob("bench/peers/*.py")})
+    return sorted(programs | {os.path.basename(path).removesuffix(".py") for path in glob.glob("bench/peers/*.py")} | set(PROCESSES))
 
 
-def measure(subject, faults):
+def measure(subject, quick, faults):
     """All measurements of one subject, under "subject/name"."""
-    if subject == "create":  # whole processes: the script there is measured as one too
-        found = run([PYTHON, "bench/measure_create.py"], parse_lines, faults)
+    if subject in PROCESSES:
+        options = [QUICK] if quick and subject in TAKES_QUICK else []
+        found = run([PYTHON, PROCESSES[subject], *options], parse_lines, faults)
         return {f"{subject}/{name}": value for name, value in found.items()}
     found = {}
     program = f"{PROGRAMS}/{subject}_bench"
@@ -159,17 +168,18 @@ def document(measured):
     lines += ["", "## Every measurement", "", "| subject | measurement | value |", "|---|---|---|"]
     for key, value in sorted(measured.items()):
         subject, name = key.split("/", 1)
-        text = f"{value:.0f} MB" if name.endswith("_memory") else f"{value:.4g} s"
+        text = f"{value:.0f} MB" if name.endswith(("_memory", "_size")) else f"{value:.4g} s"
         lines.append(f"| {subject} | {name} | {text} |")
     return "\n".join(lines) + "\n"
 
 
 def main():
     os.chdir(ROOT)
-    wanted = sys.argv[1:] or subjects()
+    named = [argument for argument in sys.argv[1:] if argument != QUICK]
+    quick = QUICK in sys.argv[1:]
     faults, measured = [], {}
-    for subject in wanted:
-        measured.update(measure(subject, faults))
+    for subject in named or subjects():
+        measured.update(measure(subject, quick, faults))
     text = document(measured)
     if sys.argv[1:]:
         print(text)

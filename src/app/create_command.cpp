@@ -114,6 +114,10 @@ Status check_folder_and_tiles(Setup & setup, int index, const OutputFolder & fol
         return Status::bad;
     }
     adapt_tiles_to_own_solver(setup);
+    if (is_tiled(setup) && setup.definition.tile_coarse_model == 1 && setup.base.model_file.empty())
+        host.dialogs.message(
+            "The tiles will run a coarse forward model, but the base mesh has no model: the tile scripts cannot work "
+            "without one");
     return Status::good;
 }
 

@@ -71,7 +71,7 @@ Tile tile_of(const std::string & text)
 
 CLI::Option * add_base(CLI::App * command, BaseFiles & base)
 {
-    CLI::Option * const mesh = command->add_option("--base-mesh", base.mesh, "mesh to refine");
+    CLI::Option * const mesh = command->add_option("--base-mesh", base.mesh, "mesh to refine in tiles");
     command->add_option("--base-model", base.model, "model on that mesh")->needs(mesh);
     return mesh;
 }
@@ -144,7 +144,7 @@ void add_save(CommandLine & line)
                                                      { "topo", Selection::topography },
                                                      { "mesh", Selection::mesh } };
     command->add_option("--select", line.save.selection, "part to take from DEFINITION")
-        ->transform(CLI::CheckedTransformer(parts))
+        ->transform(CLI::CheckedTransformer(parts).description("{all,data,mesh,parameters,topo}"))
         ->default_str("all")
         ->type_name("PART");
     command->add_option("--into", line.save.into, "definition file to put that part into");

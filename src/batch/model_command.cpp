@@ -9,12 +9,8 @@
 
 namespace {
 
-/// A limit of the model's range in the units of its file; "none" when no cell has a value.
-std::string in_file_units(float limit, const UbcModel & model)
-{
-    if (is_missing(model.model_max)) return "none";
-    return general_text(static_cast<float>(static_cast<double>(limit) / static_cast<double>(model.model_scale)));
-}
+/// A limit of the model's range; "none" when no cell has a value.
+std::string limit_text(float limit, const UbcModel & model) { return is_missing(model.model_max) ? "none" : general_text(limit); }
 
 void print_model(const UbcModel & model)
 {
@@ -22,8 +18,8 @@ void print_model(const UbcModel & model)
     const auto nulls = std::ranges::count_if(values, [](float value) { return is_missing(value); });
     std::printf("cells: %lld\n", static_cast<long long>(std::ssize(values)));
     std::printf("nulls: %lld\n", static_cast<long long>(nulls));
-    std::printf("minimum: %s\n", in_file_units(model.model_min, model).c_str());
-    std::printf("maximum: %s\n", in_file_units(model.model_max, model).c_str());
+    std::printf("minimum: %s\n", limit_text(model.model_min, model).c_str());
+    std::printf("maximum: %s\n", limit_text(model.model_max, model).c_str());
     std::printf("sign: %s\n", general_text(model.model_sign).c_str());
 }
 
@@ -37,6 +33,7 @@ Status model_command(const std::string & mesh, const std::string & model, Host &
     display.progress.step("Read mesh file");
     if (read_mesh_file(base, display) != Status::good) return Status::bad;
     display.progress.step("Read model file");
+    base.model.model_scale = 1; // in file units, which would not come back exactly from internal ones
     if (read_model_file(base, false, display) != Status::good) return Status::bad;
     display.progress.end();
     print_model(base.model);

@@ -82,9 +82,10 @@ void write_models(Run & run)
     run.host.progress.line("Writing inversion model file");
     run.host.progress.step("Write model file");
     const std::string name = run.is_tiled() ? refined_model(run) : run.creation.files().starting_model;
-    write_model_file(run.file(name), run.mesh, whole_mesh(run.mesh), run.cell_model, model_text(run), run.host.progress);
+    if (run.is_tiled()) run.refined.top_cells = run.creation.tile_cells_z();
+    write_model_file(run.file(name), run.mesh, whole_mesh(run.mesh), run.cell_model, model_text(run), run.host.progress,
+                     run.is_tiled() ? &run.refined : nullptr);
     if (!run.is_tiled()) return;
-    copy_model_files(run);
     write_tile_models(run);
 }
 

@@ -6,6 +6,7 @@
 #include "host/host.h"
 #include "mesh/expanded_mesh.h"
 #include "model/mesh_file.h"
+#include "model/model_window.h"
 #include "support/fault.h"
 
 #include <optional>
@@ -30,6 +31,7 @@ struct Run {
     List<float> cell_model = {}; ///< cells x fastest, then y, then z from the top
     ObservedReadings readings = {};
     ExpandedMesh expanded = {}; ///< of the tile that is being written
+    ColumnPlaces refined = {};  ///< of the refined model's file
 
     std::string file(const std::string & name) const { return creation.folder + name; }
     std::string tile_file(Tile tile, const std::string & name) const { return creation.folder + tile_name(tile) + "\\" + name; }

@@ -9,6 +9,10 @@
 #include "support/file_writer.h"
 #include "support/numbers.h"
 #include "support/paths.h"
+#include "support/text.h"
+
+#include <future>
+#include <map>
 
 namespace {
 
@@ -76,6 +80,39 @@ std::int32_t write_data_of_tile(const Run & run, Tile tile, const std::string & 
     return write_inversion_data(run.definition, run.mesh, run.readings, false, path, window, run.host);
 }
 
+void copy_model_files(const Run & run)
+{
+    const InversionDefinition & definition = run.definition;
+    std::vector<std::string> files = { definition.initial_model, definition.reference_model };
+    if (run.creation.solver().has_bounds && !is_first_solver(run)) files.push_back(definition.model_bounds[0]);
+    if (run.creation.solver().form == InputForm::marked) files.push_back(definition.model_bounds[1]);
+    files.push_back(definition.rock_property_file);
+    std::map<std::string, std::string> sources;
+    for (const std::string & file : files) {
+        if (!is_model_file(file)) continue;
+        // A bare name may stand for a file that lies in the inversion folder already.
+        const std::string target = run.file(file_name_of_path(file));
+        const auto [taken, is_new] = sources.emplace(upper_case(target), absolute_path(file));
+        if (!is_new && taken->second != absolute_path(file))
+            throw Fault("the inversion folder can hold only one file of the name " + file_name_of_path(file) + ": " +
+                        taken->second + " or " + file + ". Rename one of them");
+        if (!find_file(file).empty() || find_file(target).empty()) copy_file(file, target);
+    }
+}
+
+void write_models_of_tiles(Run & run)
+{
+    for_each_tile(run, [&](Tile tile) {
+        run.host.progress.line("Writing model file for " + tile_name(tile));
+        const std::string path = run.tile_file(tile, tile_model(run));
+        if (run.definition.use_expanded_mesh == 1)
+            write_lines(path, {}); // the extraction tool fills it
+        else
+            copy_model_window(run.file(refined_model(run)), run.refined, run.mesh.cells_x(), path, window_of(run, tile),
+                              run.host.progress);
+    });
+}
+
 }
 
 bool write_tile_run_files(Run & run)
@@ -131,31 +168,13 @@ ModelText model_text(const Run & run)
     return form;
 }
 
-void copy_model_files(const Run & run)
-{
-    const InversionDefinition & definition = run.definition;
-    copy_file(run.file(refined_model(run)), run.file(solver_model(run)));
-    std::vector<std::string> files = { definition.initial_model, definition.reference_model };
-    if (run.creation.solver().has_bounds && !is_first_solver(run)) files.push_back(definition.model_bounds[0]);
-    if (run.creation.solver().form == InputForm::marked) files.push_back(definition.model_bounds[1]);
-    files.push_back(definition.rock_property_file);
-    for (const std::string & file : files) {
-        if (!is_model_file(file)) continue;
-        // A bare name may stand for a file that lies in the inversion folder already.
-        const std::string target = run.file(file_name_of_path(file));
-        if (!find_file(file).empty() || find_file(target).empty()) copy_file(file, target);
-    }
-}
-
 void write_tile_models(Run & run)
 {
-    ModelText form = model_text(run);
-    form.skip = run.definition.use_expanded_mesh == 1;
-    for_each_tile(run, [&](Tile tile) {
-        run.host.progress.line("Writing model file for " + tile_name(tile));
-        write_model_file(run.tile_file(tile, tile_model(run)), run.mesh, window_of(run, tile), run.cell_model, form,
-                         run.host.progress);
-    });
+    // The system copies while the tiles are cut from the same file.
+    std::future<void> copied = std::async([&run] { copy_file(run.file(refined_model(run)), run.file(solver_model(run))); });
+    write_models_of_tiles(run);
+    copied.get();
+    copy_model_files(run); // the last: one of them may have the refined model's name
 }
 
 void write_tile_data(Run & run)

@@ -20,10 +20,8 @@ ModelText model_text(const Run & run);
 /// Fills the cell model from the model that is refined; without one it is 0.
 void interpolate_current_model(Run & run);
 
-/// Puts the solver's current model and the model files that the tiles are cut from into the folder.
-void copy_model_files(const Run & run);
-
-/// The starting model of every tile.
+/// The starting model of every tile, cut out of the refined model's file, the solver's current model, and copies of the model
+/// files that the tiles' scripts cut from.
 void write_tile_models(Run & run);
 
 /// The observed data of every tile, and the two scripts over all tiles.

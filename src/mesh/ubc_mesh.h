@@ -49,8 +49,9 @@ struct UbcMesh {
 /// last node up. nodes ascend.
 std::int32_t interval_of(const List<double> & nodes, double value);
 
-/// Positions closer than this, in metres, are one: limits come from texts of 15 digits, and nodes are running sums.
-inline constexpr double same_place = 1e-6;
+/// Positions closer than this, in metres, are one. A definition keeps cell sizes to seven decimals, so that the sum of a thousand
+/// thirds of a cell is that far off the node it stands for.
+inline constexpr double same_place = 1e-4;
 
 /// As `interval_of`, where a value just short of a node lies on it.
 std::int32_t node_not_above(const List<double> & nodes, double value);

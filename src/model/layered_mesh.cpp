@@ -32,8 +32,7 @@ Status read_layer(MeshReading & reading, const Layer & layer)
 
 /// Surface nodes in the order of the file.
 struct NodeGrid {
-    std::vector<double> x, y;
-    std::vector<float> elevation; ///< missing where the file holds no number
+    std::vector<double> x, y, elevation; ///< elevations are missing where the file holds no number
 };
 
 /// The file has depths for elevations.
@@ -44,7 +43,7 @@ void take_component(NodeGrid & grid, std::string_view token, std::int64_t compon
     } else if (component == 1) {
         grid.y.push_back(leading_number(token));
     } else {
-        grid.elevation.push_back(is_numeric(token) ? to_f32(0 - leading_number(token)) : missing_value_f32);
+        grid.elevation.push_back(is_numeric(token) ? 0 - leading_number(token) : missing_value);
     }
 }
 
@@ -87,7 +86,7 @@ void place_elevations(const NodeGrid & grid, const List<double> & x, const List<
     mesh.topo_present = true;
     mesh.topo_nodes.assign(std::ssize(grid.elevation), missing_value_f32);
     for (std::size_t i = 0; i < grid.elevation.size(); ++i) {
-        const float elevation = grid.elevation[i];
+        const float elevation = to_f32(grid.elevation[i]);
         mesh.topo_nodes[(interval_of(y, grid.y[i]) - std::int64_t{ 1 }) * x.size() + interval_of(x, grid.x[i])] = elevation;
         if (is_missing(elevation)) continue;
         mesh.topo_min = std::min(mesh.topo_min, elevation);
@@ -99,9 +98,9 @@ double mean_elevation(const NodeGrid & grid)
 {
     double sum = 0;
     std::int64_t count = 0;
-    for (const float elevation : grid.elevation) {
+    for (const double elevation : grid.elevation) {
         if (is_missing(elevation)) continue;
-        sum += static_cast<double>(elevation);
+        sum += elevation;
         ++count;
     }
     return count == 0 ? 0 : sum / static_cast<double>(count);

@@ -1,10 +1,10 @@
 #include "rules/record_blocks.h"
 
 #include "definition/enumerations.h"
+#include "mesh/mesh_design.h"
 #include "support/numbers.h"
 
 #include <algorithm>
-#include <cmath>
 #include <initializer_list>
 #include <tuple>
 
@@ -111,7 +111,7 @@ void repair_lower_part(Record & mesh)
     } else if (multiplier <= 1) { // the multiplier itself stands for the cell size here
         mesh.mesh_min[lower_part] = top - cells * multiplier;
     } else {
-        mesh.mesh_min[lower_part] = top - mesh.mesh_cell_size[z_axis] * (std::pow(multiplier, cells) - 1) / (multiplier - 1);
+        mesh.mesh_min[lower_part] = lower_part_bottom(top, mesh.mesh_cell_size[z_axis], multiplier, cells);
     }
 }
 

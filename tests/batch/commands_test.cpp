@@ -24,7 +24,7 @@ TEST(commands, given_a_command_line_then_streams_and_status_are_apart)
     survey.folder.write("rock.vo", "GOCAD Voxet 1\n");
     survey.folder.write("flat.msh", "8 2 3\n-.5 2000 7\n120 100 6*50\n2*40\n6 6 5.5\n");
     survey.folder.write("pair.msh", "3 1 1\n0 0 0\n3*10\n10\n10\n");
-    survey.folder.write("pair.sus", "0.25\n-1\n-0.0005\n");
+    survey.folder.write("pair.sus", "9.39167e-02\n-1\n-0.0005\n");
     survey.folder.write("null.sus", "-1 -2 -99\n");
     survey.folder.write("empty.sus", "");
     for (const auto & [line, input, status, output, errors] : cases_of<5>("commands.cases")) {

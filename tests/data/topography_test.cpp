@@ -146,8 +146,8 @@ TEST(topography, given_a_mesh_of_two_columns_then_topo_dat_is_as_the_solvers_rea
     const TemporaryFolder folder;
     for (const auto & [method, shift, lines] : cases_of<3>("topo_file.cases")) {
         RecordedHost host;
-        write_topo_file(folder.file("topo.dat"), definition_of(number_in(method), number_in(shift)), mesh, topo, whole_topography(mesh),
-                        host.host);
+        write_topo_file(folder.file("topo.dat"), definition_of(number_in(method), number_in(shift)), mesh, topo,
+                        whole_topography(mesh), host.host);
         EXPECT_EQ(folder.read("topo.dat"), file_of(lines)) << method << " " << shift;
     }
 }

@@ -31,7 +31,6 @@ TEST(write_model_file, given_values_nulls_and_a_scale_then_each_in_the_form_of_t
     EXPECT_EQ(written({ 9, 1, 1 }, { 1, 10, 1, 2, 1, 2 }, values, { .null_value = -99, .scale = 1000 }),
               " 1.00000E-03\r\n 1.00000E-03\r\n -9.90000E+01\r\n -9.90000E+01\r\n -1.00000E+27\r\n"
               " -1.00000E-03\r\n 0.00000E+00\r\n 1.23457E-01\r\n 5.00000E-04\r\n");
-    EXPECT_EQ(written({ 1, 1, 1 }, { 1, 2, 1, 2, 1, 2 }, { 1 }, { .skip = true }), "");
 }
 
 TEST(write_model_file, given_a_window_then_its_columns_from_the_top_x_before_y)
