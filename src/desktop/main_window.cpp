@@ -1,6 +1,7 @@
 #include "desktop/main_window.h"
 
 #include "app/press.h"
+#include "desktop/companions.h"
 #include "rules/change_rules.h"
 #include "rules/file_boxes.h"
 #include "rules/form_events.h"
@@ -62,6 +63,7 @@ void MainWindow::build_pages()
     add_page<Ui::page_tiles>(*tabs, tr("6 Tiles"));
     add_page<Ui::page_create>(*tabs, tr("7 Create and run"));
     setCentralWidget(tabs);
+    follow_boxes(*tabs);
 }
 
 void MainWindow::refresh()
