@@ -2,6 +2,7 @@
 
 #include "app/file_commands.h"
 #include "app/press.h"
+#include "desktop/companions.h"
 #include "desktop/data_previews.h"
 #include "rules/change_rules.h"
 #include "rules/file_boxes.h"
@@ -160,6 +161,7 @@ void MainWindow::build_pages()
     add_page<Ui::page_parameters>(*pages_, tr("5 Parameters"));
     add_page<Ui::page_tiles>(*pages_, tr("6 Tiles"));
     add_page<Ui::page_create>(*pages_, tr("7 Create and run"));
+    follow_boxes(*pages_);
 }
 
 void MainWindow::build_foot()

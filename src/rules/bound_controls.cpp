@@ -97,7 +97,13 @@ void show_alpha_s(Setup & setup)
     setup.form["Text_alpha_s"].visible = shown;
 }
 
-void show_data_file_type(Setup & setup) { setup.form["Tab_images"].visible = setup.definition.data_file_type == 1; }
+/// The boxes of the grids take the place of those of the file.
+void show_data_file_type(Setup & setup)
+{
+    const bool grids = setup.definition.data_file_type == 1;
+    setup.form["Tab_images"].visible = grids;
+    setup.form["Frame_point_data"].visible = !grids;
+}
 
 void show_sensor_caption(Setup & setup)
 {

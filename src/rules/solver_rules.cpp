@@ -37,6 +37,9 @@ constexpr VisibilityRow visibility_rows[] = {
     { "Combo_data_type", 1, "HHHHHH-" },
     { "Combo_data_type", 2, "HHHHHH-" },
     { "Combo_optional_data_type", 0, "HHHHHH-" },
+    { "Label_weight", 0, "HVVVVVV" }, // outside the frame: gravity V2 has weights in the same box; magnetic V3 reads neither
+    { "Text_depth_weighting_file", 0, "HVVVVVV" },
+    { "Command_depth_weighting_file", 0, "HVVVVVV" },
     { "Text_depth_weighting_file", 1, "-HV-HVH" },
     { "Command_depth_weighting_file", 1, "-HV-HVH" },
     { "Label_smoothness_method", 0, "-HV-HVH" },

@@ -17,8 +17,9 @@ TransformSetup open_transform(const PointTransform & transform);
 
 /// Applies the page to the record. Bad, after one message, with the record as it was.
 Status apply_transform_page(TransformSetup & setup, Host & host);
-/// Goes to another page, after applying the one that is left.
+/// Goes to another page, after applying the one that is left; a page that fails stays.
 Status change_transform_page(TransformSetup & setup, int page, Host & host);
-/// Reset, invert, load and save by the name of the command: "Command_reset", "Command_invert_transform",
-/// "Command_load_transform_file", "Command_save_transform_file".
+/// Resets, inverts, loads or saves by the name of the command, and shows the transform: "Command_reset",
+/// "Command_invert_transform", "Command_load_transform_file", "Command_save_transform_file". Saving applies the page first.
+/// Fails with a `FileFault` for a file that cannot be read or written.
 Status press_transform(TransformSetup & setup, std::string_view command, Host & host);
