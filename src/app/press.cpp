@@ -44,8 +44,16 @@ Status create(Session & session, int index, Host & host)
     return display_tiling_layout(session.setup, keep_view, host);
 }
 
+/// The layout closes first: the run shows on the pages behind it.
+Status continue_tile(Session & session, int, Host & host)
+{
+    press_done_tiling_layout(session.setup);
+    return press_continue_tile(session, host);
+}
+
 Status cancel_tile(Session & session, int, Host &)
 {
+    press_done_tiling_layout(session.setup);
     press_cancel_tile(session);
     return Status::good;
 }
@@ -124,7 +132,7 @@ constexpr Command commands[] = {
     { "Command_done_tiling_layout", &close_layout },
     // creation and run
     { "Command_create_inversion", &create },
-    { "Command_continue_tile", &without_index<press_continue_tile> },
+    { "Command_continue_tile", &continue_tile },
     { "Command_cancel_tile", &cancel_tile },
     { "Command_start_inversion", &without_index<press_start_inversion> },
 };

@@ -89,51 +89,33 @@ Status press_define_transform(Session & session, Host & host)
 
 std::string checklist_text()
 {
-    const struct {
-        const char * title;
-        std::vector<const char *> questions;
-    } sections[] = {
-        { "Parameters",
-          {
-              "Did you use the correct IGRF for TMI?",
-              "Did you use Inclination = -90 for VRMI, ASVI, VIAS?",
-              "Do you need to use a smaller wavelet eps value to reduce noise at depth in the inverted model?",
-              "Do you need to change the positivity constraint from the default? Default is Positive for mag, unconstrained for "
-              "gravity.",
-              "Did you select the correct Observed Data File Type?",
-              "Did you use the \"Set limits from Data\" to calculate the base value for the observed data?",
-              "Did you assign the correct sensor elevation? Make sure you don't use DTM as sensor height!",
-          } },
-        { "Topo Data",
-          {
-              "Did you use a topo grid large enough to span the survey?",
-          } },
-        { "Mesh",
-          {
-              "Are the number of X & Y cells less than a power of 2? NB 256 cells is much faster than 257!",
-              "Are the Z cells less than a power of 2? NB 64 is better than 65!",
-              "Does the depth of the inversion need to be changed from the default of 1000 m?",
-              "Did you check the mesh layout using the View Mesh Layout button? Use it to reduce the number of cells to span the "
-              "actual area of interest and to remove white space around the core region.",
-          } },
-        { "Create Inversion",
-          {
-              "Did you select the right output location and specify an appropriate name for the inversion output folder?",
-              "Did you hit the \"Create Inversion\" button?",
-          } },
-        { "Before running",
-          {
-              "Did you move the folder to the appropriate directory?",
-              "Did you copy over the MTX file to the folder (if redoing an inversion)?",
-              "When restarting an inversion (after the MTX was calculated) did you change the first line in the qvinv3D.inp file "
-              "from 0 1 to 1 1?",
-          } },
-    };
-    std::string text = "Inversion check list\r\n";
-    int number = 0;
-    for (const auto & section : sections) {
-        text += std::string("\r\n") + section.title + "\r\n";
-        for (const char * question : section.questions) text += std::to_string(++number) + ". " + question + "\r\n";
-    }
-    return text;
+    return R"(Inversion check list
+
+Parameters
+1. Did you use the correct IGRF for TMI?
+2. Did you use Inclination = -90 for VRMI, ASVI, VIAS?
+3. Do you need to use a smaller wavelet eps value to reduce noise at depth in the inverted model?
+4. Do you need to change the positivity constraint from the default? Default is Positive for mag, unconstrained for gravity.
+5. Did you select the correct Observed Data File Type?
+6. Did you use the "Set limits from Data" to calculate the base value for the observed data?
+7. Did you assign the correct sensor elevation? Make sure you don't use DTM as sensor height!
+
+Topo Data
+8. Did you use a topo grid large enough to span the survey?
+
+Mesh
+9. Are the number of X & Y cells less than a power of 2? NB 256 cells is much faster than 257!
+10. Are the Z cells less than a power of 2? NB 64 is better than 65!
+11. Does the depth of the inversion need to be changed from the default of 1000 m?
+12. Did you check the mesh layout using the View Mesh Layout button? Use it to reduce the number of cells to span the actual area of interest and to remove white space around the core region.
+
+Create Inversion
+13. Did you select the right output location and specify an appropriate name for the inversion output folder?
+14. Did you hit the "Create Inversion" button?
+
+Before running
+15. Did you move the folder to the appropriate directory?
+16. Did you copy over the MTX file to the folder (if redoing an inversion)?
+17. When restarting an inversion (after the MTX was calculated) did you change the first line in the qvinv3D.inp file from 0 1 to 1 1?
+)";
 }

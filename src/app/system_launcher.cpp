@@ -130,6 +130,7 @@ struct Pipe {
 Failure start_process(const std::vector<std::string> & words, const std::string & folder)
 {
     std::vector<char *> arguments;
+    arguments.reserve(words.size() + 1);
     for (const std::string & word : words) arguments.push_back(const_cast<char *>(word.c_str()));
     arguments.push_back(nullptr);
     const std::string place = host_path(folder).string();
