@@ -4,6 +4,7 @@
 
 #include "data/topography.h"
 #include "support/paths.h"
+#include "utilities/point_transform.h"
 
 #include <CGAL/Delaunay_triangulation_2.h>
 #include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
@@ -27,6 +28,8 @@ struct SilentDialogs : Dialogs {
     std::optional<std::string> save_file(const FileDialog &) override { return {}; }
     std::optional<std::string> choose_folder(const std::string &, const std::string &) override { return {}; }
     std::optional<std::string> input(const std::string &, const std::string &, const std::string &) override { return {}; }
+    bool check_options(const std::string &, std::vector<CheckOption> &) override { return false; }
+    std::optional<PointTransform> define_transform(const PointTransform &) override { return {}; }
 };
 
 struct SilentProgress : Progress {

@@ -1,5 +1,6 @@
 #include "app/create_command.h"
 
+#include "app/output_folder.h"
 #include "creation/pipeline.h"
 #include "definition/enumerations.h"
 #include "rules/validation.h"
@@ -10,12 +11,6 @@
 #include <array>
 
 namespace {
-
-/// Where the inversion goes, taken from the boxes; the path has a "\" at its end.
-struct OutputFolder {
-    std::string path;
-    std::string name;
-};
 
 /// The names of a family's own output files, which the folder must not have.
 std::array<const char *, 2> output_stems(MethodFamily family)
@@ -31,28 +26,14 @@ std::array<const char *, 2> output_stems(MethodFamily family)
     return { "QVINV3D", "QVSEN3D" };
 }
 
-Status take_output_folder(const Setup & setup, OutputFolder & folder, Host & host)
+Status take_new_folder(const Setup & setup, OutputFolder & folder, Host & host)
 {
-    const struct {
-        const char * control;
-        const char * message;
-    } boxes[] = {
-        { "Drive1", "No drive has been selected" },
-        { "Dir1", "No file location has been selected" },
-        { "Text_directory_name", "No output directory name has been specified" },
-    };
-    for (const auto & box : boxes) {
-        if (!trim(setup.form[box.control].text).empty()) continue;
-        host.dialogs.message(box.message);
-        return Status::bad;
-    }
-    folder.name = trim(setup.form["Text_directory_name"].text);
+    if (take_output_folder(setup.form, FolderName::needed, folder, host) != Status::good) return Status::bad;
     for (const char * stem : output_stems(inversion_method_of(setup.definition.inversion_method).family)) {
         if (upper_case(folder.name) != stem) continue;
         host.dialogs.message("The output directory name conflicts with the output file names");
         return Status::bad;
     }
-    folder.path = with_backslash(with_backslash(std::string(trim(setup.form["Dir1"].text))) + folder.name);
     return Status::good;
 }
 
@@ -161,7 +142,7 @@ Status press_create_inversion(Session & session, int index, Host & host)
     session.setup.form["Text_progress"].text.clear();
     session.paused.reset();
     OutputFolder folder;
-    if (take_output_folder(session.setup, folder, host) != Status::good) return Status::bad;
+    if (take_new_folder(session.setup, folder, host) != Status::good) return Status::bad;
 
     bool handled = false;
     std::string fault_text;

@@ -40,14 +40,23 @@ Status read_definition(Session & session, const std::string & path, Selection se
 
 Status save_definition(Session & session, std::string path, Host & host)
 {
+    std::optional<ValidatedDefinition> validated;
     try {
-        std::optional<ValidatedDefinition> validated;
         if (check_inversion_definitions(session.setup, validated, host) != Status::good) return Status::bad;
-        if (file_extension_of_path(path).empty()) path += ".inp";
-        std::error_code ignored;
-        if (std::filesystem::exists(host_path(path), ignored) && !host.dialogs.question("That file already, exists, overwrite?"))
-            return Status::bad;
-        save_inversion_parameters(path, *validated);
+    } catch (const std::exception & fault) {
+        return show_fault(fault, host);
+    }
+    return save_checked_definition(session, *validated, std::move(path), host);
+}
+
+Status save_checked_definition(Session & session, const ValidatedDefinition & definition, std::string path, Host & host)
+{
+    if (file_extension_of_path(path).empty()) path += ".inp";
+    std::error_code ignored;
+    if (std::filesystem::exists(host_path(path), ignored) && !host.dialogs.question("That file already, exists, overwrite?"))
+        return Status::bad;
+    try {
+        save_inversion_parameters(path, definition);
     } catch (const std::exception & fault) {
         return show_fault(fault, host);
     }

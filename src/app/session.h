@@ -4,6 +4,7 @@
 #include "definition/definition_file.h"
 #include "rules/setup.h"
 
+#include <array>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,17 +22,26 @@ struct PausedCreation {
 struct Session {
     Setup setup;
     std::optional<PausedCreation> paused;
-    bool done = false; ///< the user wants to leave the program
-    std::vector<std::string> recent_files; ///< newest first, at most `most_recent_files`
+    std::vector<std::string> recent_files;      ///< newest first, at most `most_recent_files`
+    std::array<std::string, 2> temporary_files; ///< working copies, deleted at the end when their names begin with "~"
+    bool busy = false;                          ///< a command runs
+    bool done = false;                          ///< the user has asked to leave: the front end ends
 };
 
 inline constexpr std::size_t most_recent_files = 6;
 
-/// Shows a fresh definition.
+/// The section of the settings that this program's own stand in.
+inline constexpr const char * settings_section = "ZEB_QVinv3d_setup";
+
+/// Goes to the folder of the last run, takes over its recent files and shows a fresh definition. Recent files that have vanished
+/// are left out; a place that does not answer at once is not waited for.
 void start_session(Session & session, Host & host);
 
-/// Keeps what the next session starts from.
+/// Clears up and keeps the current folder in the settings.
 void end_session(Session & session, Host & host);
 
-/// Puts a path at the head of the recent files, where it stands once, and keeps the list in the settings.
+/// Puts a path at the head of the recent files, where it stands once, keeps the list in the settings and shows it.
 void add_file_to_MRU(Session & session, const std::string & path, Host & host);
+
+/// Shows the recent files in their menu.
+void display_MRU_list(Session & session);

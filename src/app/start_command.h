@@ -4,5 +4,5 @@
 #include "support/status.h"
 
 /// Starts the run script of the inversion folder, detached. Bad, after a message, when the folder is not named or holds no
-/// script.
+/// script. Fails with a `Fault` when the script cannot be started.
 Status press_start_inversion(Session & session, Host & host);

@@ -3,6 +3,7 @@
 #include "app/create_command.h"
 #include "app/file_commands.h"
 #include "app/form_progress.h"
+#include "app/start_command.h"
 #include "batch/terminal_host.h"
 #include "rules/change_rules.h"
 #include "rules/limits_from_data.h"
@@ -163,6 +164,21 @@ Status limits_command(const LimitsOptions & options, Host & display)
     if (read_definition(batch.session, options.definition, Selection::all, batch.host) != Status::good) return Status::bad;
     if (set_limits_from_file(batch.session.setup, options.from == "topo" ? 1 : 0, batch.host) != Status::good) return Status::bad;
     return save_definition(batch.session, options.output, batch.host);
+}
+
+Status start_command(const StartOptions & options, Host & display)
+{
+    BatchSession batch(display);
+    Setup & setup = batch.session.setup;
+    const std::string definition =
+        options.definition.empty() ? with_backslash(options.folder) + "inversion.inp" : options.definition;
+    if (read_definition(batch.session, definition, Selection::all, batch.host) != Status::good) return Status::bad;
+    // The mesh that a refined inversion refines is not needed to run it.
+    setup.refinement_mode = setup.definition.refinement_mode;
+    set_output_folder(setup, options.folder);
+    setup.form["Check_generate_inversion_variation"].on = options.variation;
+    form_changed(setup, "Check_generate_inversion_variation", 0, batch.host);
+    return press_start_inversion(batch.session, batch.host);
 }
 
 Status transform_command(const TransformOptions & options, Host & display)

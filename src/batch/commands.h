@@ -51,6 +51,16 @@ struct LimitsOptions {
 /// Sets the mesh limits of a definition from its data or its topography and saves it.
 Status limits_command(const LimitsOptions & options, Host & display);
 
+/// What `start` was asked for.
+struct StartOptions {
+    std::string folder;
+    std::string definition; ///< empty: the folder's own
+    bool variation = false;
+};
+
+/// Starts the run script of an inversion folder and returns while it runs.
+Status start_command(const StartOptions & options, Host & display);
+
 /// What `transform` was asked for: one of the two files.
 struct TransformOptions {
     std::string transform_file;

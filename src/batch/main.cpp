@@ -1,3 +1,5 @@
+#include "app/file_settings.h"
+#include "app/system_launcher.h"
 #include "batch/commands.h"
 #include "batch/terminal_host.h"
 #include "support/fault.h"
@@ -49,6 +51,7 @@ struct CommandLine {
     std::string grid;
     std::string mesh, model;
     LimitsOptions limits;
+    StartOptions start;
     TransformOptions transform;
 };
 
@@ -226,18 +229,32 @@ void add_mesh(CommandLine & line)
         [&line] { line.run = [&line](Host & host) { return mesh_command(absolute_definition_path(line.mesh), host); }; });
 }
 
+void add_start(CommandLine & line)
+{
+    CLI::App * const command =
+        line.parser.add_subcommand("start", "Start the run script of an inversion folder, and return while it runs");
+    command->add_option("FOLDER", line.start.folder, "folder of the inversion")->required();
+    command->add_flag("--variation", line.start.variation, "the folder holds a variation");
+    command->add_option("--definition", line.start.definition, "definition file; otherwise inversion.inp of the folder");
+    command->callback([&line] {
+        line.run = [&line](Host & host) {
+            line.start.folder = absolute_definition_path(line.start.folder);
+            if (!line.start.definition.empty()) line.start.definition = absolute_definition_path(line.start.definition);
+            return start_command(line.start, host);
+        };
+    });
+}
+
 void add_later_commands(CommandLine & line)
 {
-    for (const char * name : { "igrf", "start" }) {
-        CLI::App * const command = line.parser.add_subcommand(name, "not available yet");
-        command->allow_extras();
-        command->callback([&line, name] {
-            line.run = [name](Host & host) {
-                host.dialogs.message(std::string(name) + " is not available yet");
-                return Status::bad;
-            };
-        });
-    }
+    CLI::App * const command = line.parser.add_subcommand("igrf", "not available yet");
+    command->allow_extras();
+    command->callback([&line] {
+        line.run = [](Host & host) {
+            host.dialogs.message("igrf is not available yet");
+            return Status::bad;
+        };
+    });
 }
 
 int run_command(CommandLine & line)
@@ -246,7 +263,8 @@ int run_command(CommandLine & line)
     TerminalDialogs dialogs(progress);
     dialogs.answer_yes = line.yes;
     NoSettings settings;
-    NoLauncher launcher;
+    FileSettings user_settings; // read only: how runs are started on this computer
+    SystemLauncher launcher(user_settings);
     DebugLog debug;
     if (!line.debug_log.empty()) {
         debug.level = 1;
@@ -285,6 +303,7 @@ int main(int argument_count, char ** arguments)
     add_grid(line);
     add_model(line);
     add_mesh(line);
+    add_start(line);
     add_later_commands(line);
     try {
         line.parser.parse(argument_count, arguments);

@@ -113,8 +113,3 @@ void TerminalProgress::clear_bar()
     std::fprintf(stderr, "\r%s\r", std::string(80, ' ').c_str());
     bar_shown_ = false;
 }
-
-void NoLauncher::start(const std::string & folder, const std::string & script)
-{
-    throw Fault("starting " + folder + script + " is not available yet");
-}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/host.h"
+#include "utilities/point_transform.h"
 
 /// Finished lines on standard output; on a terminal also a bar with the step's words on standard error. An interrupt (Ctrl-C) is
 /// the user's Stop and takes effect at the next report.
@@ -42,6 +43,7 @@ public:
         return std::nullopt;
     }
     bool check_options(const std::string &, std::vector<CheckOption> &) override { return false; }
+    std::optional<PointTransform> define_transform(const PointTransform &) override { return std::nullopt; }
 
 private:
     TerminalProgress & progress_;
@@ -57,10 +59,4 @@ class NoSettings : public SettingsStore {
 public:
     std::string read(const std::string &, const std::string &, const std::string & start) override { return start; }
     bool write(const std::string &, const std::string &, const std::string &) override { return false; }
-};
-
-/// Starting a run is not on offer yet.
-class NoLauncher : public ScriptLauncher {
-public:
-    void start(const std::string & folder, const std::string & script) override;
 };

@@ -2,6 +2,7 @@
 
 #include "support/fault.h"
 #include "support/paths.h"
+#include "utilities/point_transform.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -101,6 +102,8 @@ bool DesktopDialogs::check_options(const std::string & title, std::vector<CheckO
     for (std::size_t i = 0; i < options.size(); ++i) options[i].on = boxes[i]->isChecked();
     return true;
 }
+
+std::optional<PointTransform> DesktopDialogs::define_transform(const PointTransform &) { return std::nullopt; }
 
 void DesktopProgress::begin_command()
 {

@@ -19,6 +19,7 @@ public:
     std::optional<std::string> choose_folder(const std::string & title, const std::string & start) override;
     std::optional<std::string> input(const std::string & title, const std::string & prompt, const std::string & start) override;
     bool check_options(const std::string & title, std::vector<CheckOption> & options) override;
+    std::optional<PointTransform> define_transform(const PointTransform & transform) override;
 
 private:
     QWidget & parent_;

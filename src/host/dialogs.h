@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+struct PointTransform;
+
 /// What a file dialog shows: its title, its filter ("words|*.a;*.b|more words|*.*") and where it starts.
 struct FileDialog {
     std::string title;
@@ -36,4 +38,6 @@ public:
                                              const std::string & start) = 0;
     /// A form of check options; false, with the options as they were, when cancelled.
     virtual bool check_options(const std::string & title, std::vector<CheckOption> & options) = 0;
+    /// The window that defines a coordinate transform, showing `transform` at first; nothing when cancelled.
+    virtual std::optional<PointTransform> define_transform(const PointTransform & transform) = 0;
 };

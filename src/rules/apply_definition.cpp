@@ -25,12 +25,6 @@ private:
 
 constexpr std::int32_t red = 255;
 
-void show_transform(Setup & setup)
-{
-    setup.form["Command_define_coordinate_transform"].back_colour =
-        setup.definition.coordinate_transform.in_use ? red : Control::window_colour;
-}
-
 void show_parameters(Setup & setup)
 {
     const InversionDefinition & definition = setup.definition;
@@ -149,6 +143,12 @@ void show_mesh(Setup & setup)
     form("Text_num_cells", 3).text = general_text(mesh.mesh_cells[3]);
     form("Text_num_cells", 4).text = general_text(add_counts(mesh.mesh_cells[2], mesh.mesh_cells[3]));
     show_bound_controls(setup, Block::mesh);
+}
+
+void show_transform(Setup & setup)
+{
+    setup.form["Command_define_coordinate_transform"].back_colour =
+        setup.definition.coordinate_transform.in_use ? red : Control::window_colour;
 }
 
 void load_mag3d_form(Setup & setup, const InversionDefinition & given, Selection selection, Host &)

@@ -5,6 +5,8 @@
 #include "rules/mesh_boxes.h"
 #include "rules/solver_rules.h"
 #include "rules/tile_choice.h"
+#include "support/paths.h"
+#include "support/text.h"
 
 #include <algorithm>
 
@@ -48,6 +50,14 @@ void change_topo_type(Setup & setup, int index, Host &)
     show_topo_type(setup);
 }
 
+/// Another drive: the location is all of it.
+void change_drive(Setup & setup, int, Host &)
+{
+    Control & drive = setup.form["Drive1"];
+    if (drive.position >= 0) drive.text = chosen_text(drive);
+    setup.form["Dir1"].text = trim(drive.text).empty() ? "" : with_backslash(std::string(trim(drive.text)));
+}
+
 void change_inversion_mode(Setup & setup, int, Host &)
 {
     std::int32_t & mode = setup.definition.inversion_mode;
@@ -77,6 +87,7 @@ constexpr Rule rules[] = {
     { "Combo_data_type", [](Setup & setup, int index, Host &) { change_data_type(setup, index); } },
     { "Combo_optional_data_type", &change_optional_data_type },
     { "Check_topo_type", &change_topo_type },
+    { "Drive1", &change_drive },
     { "Option_alphas", &change_option<0> },
     { "Option_depth_weighting_parameters", &change_option<1> },
     { "Option_wavelet_parameters", &change_option<2> },

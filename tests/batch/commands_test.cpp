@@ -77,3 +77,36 @@ TEST(save, given_a_part_to_take_over_then_only_that_part_changes)
         EXPECT_EQ(text.find("Topo offset: 3.00\r\n") != std::string::npos, part == "topo");
     }
 }
+
+#ifndef _WIN32
+TEST(start, given_an_inversion_folder_then_its_script_is_handed_to_the_launcher_of_the_settings)
+{
+    const TinySurvey survey("Refinement Mode: 1");
+    const TemporaryFolder & folder = survey.folder;
+    const std::string stub = folder.write("stub", "#!/bin/sh\necho \"$(basename $PWD) $1\" >../pipe\n");
+    std::filesystem::permissions(host_path(stub), std::filesystem::perms::owner_all);
+    make_folder_path(folder.file("zeb_qvinv3d"));
+    folder.write("zeb_qvinv3d\\settings.json",
+                 "{\"Brindlewood\": {\"ZEB_QVinv3d_setup\": {\"Launcher\": \"" + host_path(stub).string() + "\"}}}");
+    const std::string settings = folder.read("zeb_qvinv3d\\settings.json");
+    ::setenv("XDG_CONFIG_HOME", host_path(folder.path()).c_str(), 1);
+    folder.write("simple.inp", TinySurvey::definition(""));
+    ASSERT_EQ(run_batch(arguments_of("create @simple.inp --output @out", folder)).status, 0);
+    for (const char * script : { "iter_all.bat", "run_qvinv3d.bat" }) folder.write(std::string("out\\") + script, "");
+    const std::pair<const char *, const char *> lines[] = {
+        { "start @out", "out run_inversion.bat\n" },
+        { "start @out --variation --definition @simple.inp", "out run_qvinv3d.bat\n" },
+        { "start @out --definition @tiny.inp", "out iter_all.bat\n" }, // a refined one
+    };
+    for (const auto & [line, said] : lines) {
+        SCOPED_TRACE(line);
+        ASSERT_EQ(std::system(("mkfifo " + host_file(folder, "pipe")).c_str()), 0);
+        const BatchRun run = run_batch(arguments_of(line, folder));
+        EXPECT_EQ(run.errors, "message: The 3D inversion process has been started\n");
+        ASSERT_EQ(run.status, 0) << "nothing would write into the pipe";
+        EXPECT_EQ(folder.read("pipe"), said);
+        delete_file(folder.file("pipe"));
+    }
+    EXPECT_EQ(folder.read("zeb_qvinv3d\\settings.json"), settings);
+}
+#endif

@@ -10,13 +10,13 @@ public:
     explicit TinySurvey(const std::string & changes = "")
     {
         for (const char * name : { "data.csv", "ground.xyz" })
-            folder.write(name, bytes_of(std::string(TEST_DATA_FOLDER "/tiny/") + name));
+            folder.write(name, bytes_of(std::string(TINY_SURVEY_FOLDER "/") + name));
         folder.write("tiny.inp", definition(changes));
     }
 
     static std::string definition(const std::string & changes)
     {
-        std::string text = bytes_of(TEST_DATA_FOLDER "/tiny/tiny.inp");
+        std::string text = bytes_of(TINY_SURVEY_FOLDER "/tiny.inp");
         for (const std::string & line : parts_of(changes, ';')) {
             if (line.empty()) continue;
             const std::size_t place = text.find("\n" + line.substr(0, line.find(':') + 1));

@@ -2,8 +2,10 @@
 
 #include "host/host.h"
 #include "support/fault.h"
+#include "utilities/point_transform.h"
 
 #include <deque>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,6 +15,7 @@ struct RecordedDialogs : Dialogs {
     std::vector<std::string> messages;
     std::vector<std::string> questions; ///< questions, file dialogs and input boxes by their text or title
     std::deque<std::string> picks;      ///< for file, folder and input dialogs, in order
+    std::optional<PointTransform> defined_transform;
 
     void message(const std::string & text) override { messages.push_back(text); }
     bool question(const std::string & text) override
@@ -34,6 +37,7 @@ struct RecordedDialogs : Dialogs {
         for (std::size_t i = 0; picked && i < options.size(); ++i) options[i].on = picked->at(i) == '1';
         return picked.has_value();
     }
+    std::optional<PointTransform> define_transform(const PointTransform &) override { return defined_transform; }
 
 private:
     std::optional<std::string> pick(const std::string & title)
@@ -63,10 +67,20 @@ struct RecordedProgress : Progress {
     }
 };
 
-/// Settings that nothing has been written to.
-struct NoSettings : SettingsStore {
-    std::string read(const std::string &, const std::string &, const std::string & start) override { return start; }
-    bool write(const std::string &, const std::string &, const std::string &) override { return true; }
+/// Settings that live as long as the test.
+struct KeptSettings : SettingsStore {
+    std::map<std::string, std::string> kept; ///< by section and name with a "\" between them
+
+    std::string read(const std::string & section, const std::string & name, const std::string & start) override
+    {
+        const auto found = kept.find(section + "\\" + name);
+        return found == kept.end() ? start : found->second;
+    }
+    bool write(const std::string & section, const std::string & name, const std::string & text) override
+    {
+        kept[section + "\\" + name] = text;
+        return true;
+    }
 };
 
 struct RecordedLauncher : ScriptLauncher {
@@ -78,7 +92,7 @@ struct RecordedLauncher : ScriptLauncher {
 struct RecordedHost {
     RecordedDialogs dialogs;
     RecordedProgress progress;
-    NoSettings settings;
+    KeptSettings settings;
     RecordedLauncher launcher;
     DebugLog debug;
     Host host{ dialogs, progress, settings, launcher, debug };
