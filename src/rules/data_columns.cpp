@@ -13,6 +13,7 @@
 namespace {
 
 constexpr std::int32_t text_kind = 0, grid_kind = 1, database_kind = 2;
+constexpr int topography = 1;
 constexpr int preview_lines = 20;
 
 enum class BelowOne { number, blank };
@@ -215,6 +216,7 @@ void display_data_file(Setup & setup, int slot)
         setup.definition.data_kind[at] = text_kind;
     }
     if (has_columns(slot)) setup.form("Text_data_file", slot).text = lines;
+    if (slot == topography) setup.form["Frame_data_file_image"].visible = setup.definition.data_kind[at] == grid_kind;
 }
 
 void display_data_lines(Setup & setup, int slot)
