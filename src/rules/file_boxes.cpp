@@ -40,16 +40,14 @@ constexpr FileBox file_boxes[] = {
       "Image Files (*.grd;*.ers)|*.grd;*.ers|All files (*.*)|*.*" },
     { "Text_initial_file", -1, "Select the initial model file", models },
     { "Text_reference_file", -1, "Select the reference model file", models },
-    { "Text_rock_propery_file", -1, "Select the rock property file",
-      "Data Files (*.lkp;*.csv)|*.lkp;*.csv|All files (*.*)|*.*" },
+    { "Text_rock_propery_file", -1, "Select the rock property file", "Data Files (*.lkp;*.csv)|*.lkp;*.csv|All files (*.*)|*.*" },
     { "Text_weight_file", -1, "Select the weight model file", "Data Files (*.dat)|*.dat|All files (*.*)|*.*" },
 };
 
 const FileBox * find_file_box(const Setup & setup, std::string_view control, int index)
 {
-    const auto box = std::ranges::find_if(file_boxes, [&](const FileBox & row) {
-        return row.control == control && (row.index < 0 || row.index == index);
-    });
+    const auto box = std::ranges::find_if(
+        file_boxes, [&](const FileBox & row) { return row.control == control && (row.index < 0 || row.index == index); });
     if (box == std::end(file_boxes)) return nullptr;
     const bool shows_grid = setup.form["Frame_data_file_image"].visible;
     return control == data_box && index == topography && shows_grid ? &topography_grid : box;

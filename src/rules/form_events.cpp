@@ -10,10 +10,9 @@
 namespace {
 
 constexpr std::string_view waiting_boxes[] = {
-    "Text_data_locations",      "Text_UBC_locations_nhead", "Text_UBC_locations_nstep", "Text_min_val",
-    "Text_max_val",             "Text_cell_size",           "Text_num_cells",           "Text_iterations",
-    "Text_chi_factor",          "Text_subspace",            "Text_x_tile_size",         "Text_y_tile_size",
-    "Text_number_x_tiles",      "Text_number_y_tiles",      "Text_tile_overlap",
+    "Text_data_locations", "Text_UBC_locations_nhead", "Text_UBC_locations_nstep", "Text_min_val",        "Text_max_val",
+    "Text_cell_size",      "Text_num_cells",           "Text_iterations",          "Text_chi_factor",     "Text_subspace",
+    "Text_x_tile_size",    "Text_y_tile_size",         "Text_number_x_tiles",      "Text_number_y_tiles", "Text_tile_overlap",
 };
 
 void close_column_names(Setup & setup)
