@@ -57,7 +57,8 @@ void name_columns(const std::vector<std::string> & lines, std::int32_t name_line
 {
     if (name_line >= 1 && !lines.empty()) {
         const auto at = std::min(static_cast<std::size_t>(name_line), lines.size()) - 1; // the last line of a shorter file
-        for (const std::string & name : column_names_in(lines[at]).items()) preview.names.push_back(name);
+        const List<std::string> names = column_names_in(lines[at]);
+        preview.names.assign(names.items().begin(), names.items().end());
     }
     std::size_t columns = preview.names.size();
     for (const auto & row : preview.rows) columns = std::max(columns, row.size());
@@ -122,14 +123,14 @@ std::string grid_summary(GridSource & source)
 /// Tells a grid, or why a file that looks like one is none. False for what may be a file of points.
 bool preview_grid(const std::string & path, int slot, DataPreview & preview)
 {
-    std::string fault;
     const bool is_grid = is_grid_file(path);
+    if (!is_grid && has_columns(slot)) return false;
+    std::string fault;
     const auto source = open_grid_source(path, 1, fault);
     if (is_grid && source) {
         preview.summary = slot == 0 ? observed_grid_fault(path) : grid_summary(*source);
         return true;
     }
-    if (has_columns(slot)) return false;
     if (source) fault = header_fault(source->header());
     preview.summary = "The file is no grid that can be read" + (fault.empty() ? "" : ": " + fault);
     return true;

@@ -82,15 +82,21 @@ std::string no_cell_fault(const Setup & setup, int axis)
     return has_limits(setup, axis) && size > 0 && range > 0 && range / size <= 0.5 ? axis_faults[axis].no_cell : "";
 }
 
-constexpr BoxCheck size_boxes[] = {
+constexpr BoxCheck cell_boxes[] = {
+    { "Text_min_val", 0, "", Limit::none, "", {}, &no_cell_fault },
+    { "Text_max_val", 0, "", Limit::none, "", {}, &no_cell_fault },
     { "Text_cell_size", 0, "", Limit::none, "", {}, &no_cell_fault },
+    { "Text_min_val", 1, "", Limit::none, "", {}, &no_cell_fault },
+    { "Text_max_val", 1, "", Limit::none, "", {}, &no_cell_fault },
     { "Text_cell_size", 1, "", Limit::none, "", {}, &no_cell_fault },
+    { "Text_min_val", 2, "", Limit::none, "", {}, &no_cell_fault },
+    { "Text_max_val", 2, "", Limit::none, "", {}, &no_cell_fault },
     { "Text_cell_size", 2, "", Limit::none, "", {}, &no_cell_fault },
 };
 
 bool is_normal_mode(const Setup & setup) { return setup.refinement_mode == normal_mode; }
 
-constexpr CheckGroup groups[] = { { axis_boxes }, lower_part, padding, { size_boxes, &is_normal_mode } };
+constexpr CheckGroup groups[] = { { axis_boxes }, lower_part, padding, { cell_boxes, &is_normal_mode } };
 
 }
 

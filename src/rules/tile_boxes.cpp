@@ -100,7 +100,29 @@ constexpr BoxCheck layout_boxes[] = {
     unstored(blend_box, &wide_blend_fault),
     unstored(z_blend_box, &wide_z_blend_fault),
 };
-constexpr CheckGroup layout_groups[] = { { layout_boxes, &is_refined } };
+
+template <const BoxCheck & box, const char * const & message>
+std::string size_fault(const Setup & setup, int)
+{
+    return leading_count(setup.form[box.control].text) < 1 ? message : "";
+}
+
+constexpr const char * no_x_size = "The X tile size must be at least one cell";
+constexpr const char * no_y_size = "The Y tile size must be at least one cell";
+
+std::string narrow_overlap_fault(const Setup & setup, int index)
+{
+    const std::string fault = wide_blend_fault(setup, index);
+    return fault.empty() ? wide_z_blend_fault(setup, index) : fault;
+}
+
+// Said of other boxes in the check of the layout, or by the building of the mesh behind it.
+constexpr BoxCheck late_boxes[] = {
+    with(unstored(overlap_box), &narrow_overlap_fault),
+    with(unstored(x_size_box), &size_fault<x_size_box, no_x_size>),
+    with(unstored(y_size_box), &size_fault<y_size_box, no_y_size>),
+};
+constexpr CheckGroup layout_groups[] = { { layout_boxes, &is_refined }, { late_boxes, &is_refined } };
 
 /// Once more, against the whole number that the overlap has become.
 template <const BoxCheck & box, const char * const & message>
