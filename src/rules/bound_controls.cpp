@@ -82,7 +82,7 @@ struct TextBox {
 constexpr TextBox text_boxes[] = {
     { "Text_initial_file", &Record::initial_model, Block::parameters },
     { "Text_reference_file", &Record::reference_model, Block::parameters },
-    { "Text_weight_file", &Record::weighting_model, Block::parameters },
+    { "Text_weight_file", &Record::weighting_model, Block::parameters, Stored::at_once },
     { "Text_depth_weighting_file", &Record::model_bounds, Block::parameters },
     { "Text_rock_propery_file", &Record::rock_property_file, Block::parameters },
     { "Text_padding_multipliers", &Record::padding_multipliers, Block::mesh },
@@ -97,7 +97,7 @@ void show_alpha_s(Setup & setup)
     setup.form["Text_alpha_s"].visible = shown;
 }
 
-/// The boxes of the grids take the place of those of the file.
+/// Grids and points take the same place.
 void show_data_file_type(Setup & setup)
 {
     const bool grids = setup.definition.data_file_type == 1;

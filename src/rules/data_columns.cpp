@@ -13,7 +13,10 @@
 namespace {
 
 constexpr std::int32_t text_kind = 0, grid_kind = 1, database_kind = 2;
+constexpr int topography = 1;
 constexpr int preview_lines = 20;
+// Files may be of any size; names and the lines to show stand at their beginning.
+constexpr std::size_t preview_bytes = std::size_t{ 1 } << 16, most_name_bytes = std::size_t{ 1 } << 24;
 
 enum class BelowOne { number, blank };
 
@@ -24,22 +27,24 @@ struct ColumnBox {
     int index;
     std::int32_t * column;
     BelowOne shown_below_one;
+    const char * use;
 };
 
 std::vector<ColumnBox> column_boxes(InversionDefinition & definition, int slot)
 {
     const auto at = static_cast<std::size_t>(slot);
     std::vector<ColumnBox> boxes = {
-        { 1, "Text_UBC_locations_xpos", slot, &definition.data_x_column[at], BelowOne::number },
-        { 2, "Text_UBC_locations_ypos", slot, &definition.data_y_column[at], BelowOne::number },
-        { 3, "Text_UBC_locations_zpos", slot, &definition.data_z_column[at], BelowOne::blank },
+        { 1, "Text_UBC_locations_xpos", slot, &definition.data_x_column[at], BelowOne::number, "X" },
+        { 2, "Text_UBC_locations_ypos", slot, &definition.data_y_column[at], BelowOne::number, "Y" },
+        { 3, "Text_UBC_locations_zpos", slot, &definition.data_z_column[at], BelowOne::blank, slot == 0 ? "Sensor" : "Topo" },
     };
     if (slot != 0) return boxes;
+    constexpr const char * values[] = { "Obs Data", "Obs data 2", "Obs data 3" };
     for (int i = 0; i < 3; ++i)
         boxes.push_back({ 4 + i, "Text_UBC_locations_magpos", i, &definition.data_value_column[static_cast<std::size_t>(i)],
-                          BelowOne::blank });
-    boxes.push_back({ 7, "Text_UBC_locations_lpos", 0, &definition.data_line_column, BelowOne::blank });
-    boxes.push_back({ 8, "Text_UBC_locations_valpos", 0, &definition.data_extra_value_column, BelowOne::blank });
+                          BelowOne::blank, values[i] });
+    boxes.push_back({ 7, "Text_UBC_locations_lpos", 0, &definition.data_line_column, BelowOne::blank, "Line" });
+    boxes.push_back({ 8, "Text_UBC_locations_valpos", 0, &definition.data_extra_value_column, BelowOne::blank, "Value" });
     return boxes;
 }
 
@@ -56,14 +61,13 @@ std::string shown_column(const ColumnBox & box)
     return *box.column < 1 && box.shown_below_one == BelowOne::blank ? "" : general_text(*box.column);
 }
 
-/// The line that holds the names, or the last line of a shorter file. The mark of a comment in front of them is blanked.
+/// The line that holds the names, or the last line of a shorter file.
 std::string name_line_of(const std::string & path, std::int32_t number)
 {
-    TextFile file(path);
+    TextFile file(path, most_name_bytes);
     const auto read_line = detect_line_ending(file) ? &read_text_line : &read_raw_line;
     std::string names, line;
     for (std::int32_t i = 0; i < number && read_line(file, line); ++i) names = line;
-    if (names.starts_with('/')) names.front() = ' ';
     return names;
 }
 
@@ -146,7 +150,7 @@ void change_line(Setup & setup, const LineRule & rule, int slot, Host & host)
 
 std::string first_lines(const std::string & path)
 {
-    TextFile file(path);
+    TextFile file(path, preview_bytes);
     std::string all, line;
     for (int i = 0; i < preview_lines && read_text_line(file, line); ++i) all += line + "\r\n";
     return all;
@@ -195,11 +199,10 @@ void load_location_column_names(Setup & setup, int slot)
     setup.column_name_count[at] = 0;
     try {
         List<std::string> names;
-        std::int32_t count = 0;
         if (definition.data_kind[at] == text_kind && definition.data_name_line[at] > 0)
-            split_fields(count, name_line_of(definition.data_file[at], definition.data_name_line[at]), ',', names);
+            names = column_names_in(name_line_of(definition.data_file[at], definition.data_name_line[at]));
         list_names(setup.form("Combo_names", slot), names);
-        setup.column_name_count[at] = count;
+        setup.column_name_count[at] = names.size();
     } catch (const Fault &) {
         // The list stays; without a count of names it is not opened, and the check tells of the file.
     }
@@ -215,6 +218,7 @@ void display_data_file(Setup & setup, int slot)
         setup.definition.data_kind[at] = text_kind;
     }
     if (has_columns(slot)) setup.form("Text_data_file", slot).text = lines;
+    if (slot == topography) setup.form["Frame_data_file_image"].visible = setup.definition.data_kind[at] == grid_kind;
 }
 
 void display_data_lines(Setup & setup, int slot)
@@ -223,6 +227,24 @@ void display_data_lines(Setup & setup, int slot)
     setup.form("Text_UBC_locations_nhead", slot).text = general_text(setup.definition.data_first_line[at]);
     setup.form("Text_UBC_locations_name_line", slot).text = general_text(setup.definition.data_name_line[at]);
     setup.form("Text_UBC_locations_nstep", slot).text = general_text(setup.definition.data_read_step[at]);
+}
+
+List<std::string> column_names_in(std::string line)
+{
+    if (line.starts_with('/')) line.front() = ' '; // the mark of a comment
+    List<std::string> names;
+    std::int32_t count = 0;
+    split_fields(count, line, ',', names);
+    return names;
+}
+
+std::vector<ColumnUse> column_uses(const Setup & setup, int slot)
+{
+    InversionDefinition definition = setup.definition;
+    std::vector<ColumnUse> uses;
+    for (const ColumnBox & box : column_boxes(definition, slot))
+        if (*box.column >= 1) uses.push_back({ *box.column, box.use });
+    return uses;
 }
 
 void open_column_names(Setup & setup, std::string_view control, int index)

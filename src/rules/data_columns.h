@@ -2,7 +2,9 @@
 
 #include "rules/setup.h"
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 /// Shows the column fields of slot 0 or 1 in their boxes: as numbers, or as names when the file has a line of names.
 void display_location_column_definitions(Setup & setup, int slot);
@@ -13,6 +15,17 @@ void load_location_column_names(Setup & setup, int slot);
 void display_data_file(Setup & setup, int slot);
 /// Shows which lines of the file of slot 0 or 1 are read.
 void display_data_lines(Setup & setup, int slot);
+
+/// The names in a line of column names.
+List<std::string> column_names_in(std::string line);
+
+/// A column that the definition takes from a file, and for what: "X", "Y", "Sensor", "Obs Data" and so on.
+struct ColumnUse {
+    std::int32_t column;
+    const char * use;
+};
+/// The uses of slot 0 or 1, of those columns that are given.
+std::vector<ColumnUse> column_uses(const Setup & setup, int slot);
 
 /// The user went into a column box: opens the list of names over it when there are names, and notes the box.
 void open_column_names(Setup & setup, std::string_view control, int index);

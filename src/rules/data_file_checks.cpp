@@ -1,6 +1,6 @@
 #include "grid/grid_detection.h"
 #include "grid/grid_formats.h"
-#include "rules/box_checks.h"
+#include "rules/box_groups.h"
 #include "rules/validation.h"
 #include "rules/validation_steps.h"
 #include "support/numbers.h"
@@ -35,38 +35,138 @@ Status settle_kind(Setup & setup, int slot, Host & host)
     const std::string reason = header.fault.empty() ? "" : ": " + header.fault;
     if (!is_grid && (slot > topography || !reason.empty()))
         return refuse("The grid file format could not be dertermined for the file: " + name + reason, host);
-    if (slot == observed_points && is_grid)
-        return refuse("The observed data file is a grid: " + name +
-                          ". Give it as the observed data grid, with grids as the data file type",
-                      host);
-    if (slot <= topography && kind == database_kind)
-        return refuse("Databases are not available here: " + name +
-                          ". Export the channels to a point file (.xyz or .csv) and use that",
-                      host);
+    if (slot == observed_points && is_grid) return refuse(observed_grid_fault(path), host);
+    if (slot <= topography && kind == database_kind) return refuse(database_fault(path), host);
     return Status::good;
 }
 
-Status check_observed_columns(Setup & setup, Host & host)
+// The boxes of a slot. Columns are asked of the record: what is typed there goes in at once.
+
+template <int slot>
+bool is_text(const Setup & setup)
 {
-    using Definition = InversionDefinition;
-    constexpr BoxCheck boxes[] = {
-        { "Text_UBC_locations_valcount", 0, "The nuber of values per cell is not numeric", Limit::not_negative,
-          "The nuber of values per cell must be non-negative", &Definition::data_values_per_cell },
-        { "Text_UBC_integration_interval", 0, "The integration interval is not numeric", Limit::not_negative,
-          "The integration interval cannot be negative", &Definition::data_integration_time },
-    };
-    if (setup.definition.data_value_column[0] < 1) return refuse("The mag column location must be defined", host);
-    return check_boxes(setup, boxes, host);
+    return setup.definition.data_kind[slot] == text_kind;
 }
+
+using Columns = std::array<std::int32_t, 6> InversionDefinition::*;
+constexpr Columns x_columns = &InversionDefinition::data_x_column, y_columns = &InversionDefinition::data_y_column,
+                  z_columns = &InversionDefinition::data_z_column;
+
+template <const Columns & columns, const char * const & message>
+std::string column_fault(const Setup & setup, int slot)
+{
+    return (setup.definition.*columns)[static_cast<std::size_t>(slot)] < 1 ? message : "";
+}
+
+constexpr const char * no_x = "The X column location must be defined";
+constexpr const char * no_y = "The Y column location must be defined";
+constexpr const char * no_z = "The Z column location must be defined";
+
+std::string value_column_fault(const Setup & setup, int)
+{
+    return setup.definition.data_value_column[0] < 1 ? "The mag column location must be defined" : "";
+}
+
+std::int32_t highest_column(const InversionDefinition & definition, int slot)
+{
+    const auto s = static_cast<std::size_t>(slot);
+    const std::int32_t highest =
+        std::max({ definition.data_x_column[s], definition.data_y_column[s], definition.data_z_column[s] });
+    if (slot != observed_points) return highest;
+    return std::max(
+        { highest, definition.data_value_column[0], definition.data_line_column, definition.data_extra_value_column });
+}
+
+template <int slot>
+std::string distinct_fault(const Setup & setup)
+{
+    if (highest_column(setup.definition, slot) >= 3) return "";
+    return std::string("There are not enough distinct fields for the ") +
+           (slot == observed_points ? "observed data" : "topo data") + " file";
+}
+
+std::string observed_file_fault(const Setup & setup, int)
+{
+    const std::string & path = setup.definition.data_file[observed_points];
+    if (trim(path).empty()) return "The observed data file must be specified";
+    return setup.definition.data_kind[observed_points] == database_kind ? database_fault(path) : "";
+}
+
+std::string topography_file_fault(const Setup & setup, int)
+{
+    return setup.definition.data_kind[topography] == database_kind ? database_fault(setup.definition.data_file[topography]) : "";
+}
+
+std::string grid_file_fault(const Setup & setup, int slot)
+{
+    return trim(setup.definition.data_file[static_cast<std::size_t>(slot)]).empty()
+               ? "The observed data grid file must be specified"
+               : "";
+}
+
+constexpr const char * first_line_not_numeric = "The number of the first data line is not numeric";
+constexpr const char * first_line_not_positive = "The number of the first data line must be positive";
+constexpr const char * offset_not_numeric = "The elevation offset value is not numeric";
+
+constexpr BoxCheck file_boxes[] = { { "Text_data_locations", 0, "", Limit::none, "", {}, &observed_file_fault },
+                                    { "Text_data_locations", 1, "", Limit::none, "", {}, &topography_file_fault },
+                                    { "Text_data_locations", 2, "", Limit::none, "", {}, &grid_file_fault } };
+
+constexpr BoxCheck first_line_boxes[] = {
+    { "Text_UBC_locations_nhead", 0, first_line_not_numeric, Limit::positive, first_line_not_positive, {}, nullptr, &is_text<0> },
+    { "Text_UBC_locations_nhead", 1, first_line_not_numeric, Limit::positive, first_line_not_positive, {}, nullptr, &is_text<1> },
+};
+
+constexpr BoxCheck observed_columns[] = {
+    { "Text_UBC_locations_xpos", 0, "", Limit::none, "", {}, &column_fault<x_columns, no_x> },
+    { "Text_UBC_locations_ypos", 0, "", Limit::none, "", {}, &column_fault<y_columns, no_y> },
+    { "Text_UBC_locations_magpos", 0, "", Limit::none, "", {}, &value_column_fault },
+    { "Text_UBC_locations_valcount", 0, "The nuber of values per cell is not numeric", Limit::not_negative,
+      "The nuber of values per cell must be non-negative", &InversionDefinition::data_values_per_cell },
+    { "Text_UBC_integration_interval", 0, "The integration interval is not numeric", Limit::not_negative,
+      "The integration interval cannot be negative", &InversionDefinition::data_integration_time },
+};
+
+constexpr BoxCheck topography_columns[] = {
+    { "Text_UBC_locations_xpos", 1, "", Limit::none, "", {}, &column_fault<x_columns, no_x> },
+    { "Text_UBC_locations_ypos", 1, "", Limit::none, "", {}, &column_fault<y_columns, no_y> },
+    { "Text_UBC_locations_zpos", 1, "", Limit::none, "", {}, &column_fault<z_columns, no_z> },
+};
+
+constexpr BoxCheck offset_boxes[] = { { "Text_UBC_elevation_offset", 0, offset_not_numeric },
+                                      { "Text_UBC_elevation_offset", 1, offset_not_numeric },
+                                      { "Text_UBC_elevation_offset", 2, offset_not_numeric } };
+
+bool reads_points(const Setup & setup) { return setup.definition.data_file_type != grid_data; }
+bool reads_grids(const Setup & setup) { return setup.definition.data_file_type == grid_data; }
+bool reads_topography(const Setup & setup)
+{
+    return setup.definition.topo_type == 0 && !trim(setup.definition.data_file[topography]).empty();
+}
+bool reads_topography_columns(const Setup & setup)
+{
+    return reads_topography(setup) && setup.definition.data_kind[topography] != grid_kind;
+}
+
+constexpr CheckGroup groups[] = {
+    { std::span(file_boxes).first(1), &reads_points },
+    { std::span(first_line_boxes).first(1), &reads_points },
+    { observed_columns, &reads_points, &distinct_fault<observed_points> },
+    { std::span(offset_boxes).first(1), &reads_points },
+    { std::span(file_boxes).subspan(1, 1), &reads_topography },
+    { std::span(first_line_boxes).last(1), &reads_topography },
+    { topography_columns, &reads_topography_columns, &distinct_fault<topography> },
+    { std::span(offset_boxes).subspan(1, 1), &reads_topography },
+    { std::span(file_boxes).last(1), &reads_grids },
+    { std::span(offset_boxes).last(1), &reads_grids },
+};
 
 /// The boxes of the lines. Only text files have a first line to speak of.
 Status take_lines(Setup & setup, int slot, Host & host)
 {
     const auto s = static_cast<std::size_t>(slot);
     InversionDefinition & definition = setup.definition;
-    const BoxCheck first_line = { "Text_UBC_locations_nhead", slot, "The number of the first data line is not numeric",
-                                  Limit::positive, "The number of the first data line must be positive" };
-    if (definition.data_kind[s] == text_kind && check_box(setup, first_line, host) != Status::good) return Status::bad;
+    if (check_box(setup, first_line_boxes[s], host) != Status::good) return Status::bad;
     const auto count = [&](const char * box) { return round_to_count(box_number(setup, box, slot)); };
     definition.data_first_line[s] = std::max(1, count("Text_UBC_locations_nhead"));
     definition.data_read_step[s] = std::max(1, count("Text_UBC_locations_nstep"));
@@ -76,29 +176,20 @@ Status take_lines(Setup & setup, int slot, Host & host)
 
 Status check_columns(Setup & setup, int slot, Host & host)
 {
-    const auto s = static_cast<std::size_t>(slot);
-    InversionDefinition & definition = setup.definition;
-    if (definition.data_x_column[s] < 1) return refuse("The X column location must be defined", host);
-    if (definition.data_y_column[s] < 1) return refuse("The Y column location must be defined", host);
-    if (slot == topography && definition.data_z_column[s] < 1) return refuse("The Z column location must be defined", host);
-    if (slot == observed_points && check_observed_columns(setup, host) != Status::good) return Status::bad;
-
-    std::int32_t highest = std::max({ definition.data_x_column[s], definition.data_y_column[s], definition.data_z_column[s] });
-    if (slot == observed_points)
-        highest = std::max(
-            { highest, definition.data_value_column[0], definition.data_line_column, definition.data_extra_value_column });
-    definition.data_max_column[s] = highest;
-    if (highest >= 3) return Status::good;
-    const std::string of = slot == observed_points ? "observed data" : "topo data";
-    return refuse("There are not enough distinct fields for the " + of + " file", host);
+    const bool observed = slot == observed_points;
+    const std::span<const BoxCheck> boxes = observed ? std::span<const BoxCheck>(observed_columns) : topography_columns;
+    if (check_boxes(setup, boxes, host) != Status::good) return Status::bad;
+    setup.definition.data_max_column[static_cast<std::size_t>(slot)] = highest_column(setup.definition, slot);
+    const std::string fault = observed ? distinct_fault<observed_points>(setup) : distinct_fault<topography>(setup);
+    return fault.empty() ? Status::good : refuse(fault, host);
 }
 
 Status take_elevation_offset(Setup & setup, int slot, Host & host)
 {
-    if (slot >= static_cast<int>(setup.definition.elevation_offset.size())) return Status::good;
-    const BoxCheck box = { "Text_UBC_elevation_offset", slot, "The elevation offset value is not numeric" };
-    if (check_box(setup, box, host) != Status::good) return Status::bad;
-    setup.definition.elevation_offset[static_cast<std::size_t>(slot)] = to_f32(box_number(setup, box.control, slot));
+    const auto s = static_cast<std::size_t>(slot);
+    if (s >= setup.definition.elevation_offset.size()) return Status::good;
+    if (check_box(setup, offset_boxes[s], host) != Status::good) return Status::bad;
+    setup.definition.elevation_offset[s] = to_f32(box_number(setup, offset_boxes[s].control, slot));
     return Status::good;
 }
 
@@ -134,6 +225,20 @@ Status find_and_check(Setup & setup, const FileSlot & row, Host & host)
     return check_file_definitions(setup, row.slot, host);
 }
 
+}
+
+std::span<const CheckGroup> data_file_groups() { return groups; }
+
+std::string database_fault(const std::string & path)
+{
+    return "Databases are not available here: " + file_name_of_path(path) +
+           ". Export the channels to a point file (.xyz or .csv) and use that";
+}
+
+std::string observed_grid_fault(const std::string & path)
+{
+    return "The observed data file is a grid: " + file_name_of_path(path) +
+           ". Give it as the observed data grid, with grids as the data file type";
 }
 
 Status check_file_definitions(Setup & setup, int slot, Host & host)

@@ -19,6 +19,8 @@ struct VisibilityRow {
 
 constexpr VisibilityRow visibility_rows[] = {
     { "Frame_field", 0, "VVVHHHV" },
+    { "Frame_tensor", 0, "HHHHHH-" },    // by the first data type
+    { "Frame_incl_decl", 0, "VVV----" }, // which may have hidden it where it is needed
     { "Frame_magsen3d", 0, "VVVHVVV" },
     { "Frame_magsen3d", 1, "VVVHVVV" },
     { "Frame_gravity_parameters", 0, "HHHVHHH" },

@@ -1,5 +1,5 @@
 #include "definition/enumerations.h"
-#include "rules/box_checks.h"
+#include "rules/box_groups.h"
 #include "rules/validation_steps.h"
 #include "support/numbers.h"
 
@@ -11,6 +11,12 @@ using Definition = InversionDefinition;
 
 constexpr std::int32_t gravity_v2 = 1, gravity_v3 = 2, own_solver = 4;
 constexpr std::int32_t specified_background = 2;
+
+template <std::int32_t method>
+bool has_method(const Setup & setup)
+{
+    return setup.definition.inversion_method == method;
+}
 
 bool both_error_terms_zero(const Setup & setup)
 {
@@ -24,12 +30,20 @@ constexpr BoxCheck correction_boxes[] = {
       &Definition::obs_scale_value },
 };
 
+constexpr CheckGroup corrections = { correction_boxes };
+
 constexpr BoxCheck error_boxes[] = {
     { "Text_percent_error", 0, "The percent error field is not numeric", Limit::not_negative,
       "The percent error field must be positive" },
     { "Text_error_floor", 0, "The error floor field is not numeric", Limit::not_negative,
       "The error floor field must be non-negative" },
 };
+
+constexpr CheckGroup error_terms = { error_boxes, nullptr, [](const Setup & setup) -> std::string {
+                                        return both_error_terms_zero(setup)
+                                                   ? "The percent error and error floor fields cannot both be zero"
+                                                   : "";
+                                    } };
 
 // The same boxes once more, in the other order: this time they are stored.
 constexpr BoxCheck stored_error_boxes[] = {
@@ -39,6 +53,20 @@ constexpr BoxCheck stored_error_boxes[] = {
       &Definition::error_percent },
 };
 
+constexpr CheckGroup stored_error_terms = { stored_error_boxes, nullptr, [](const Setup & setup) -> std::string {
+                                               return both_error_terms_zero(setup)
+                                                          ? "The error percent and floor vallues cannot both be zero"
+                                                          : "";
+                                           } };
+
+bool needs_magnetic_field(const Setup & setup)
+{
+    const Definition & definition = setup.definition;
+    if (definition.inversion_method != own_solver)
+        return inversion_method_of(definition.inversion_method).family == MethodFamily::magnetic;
+    return class_of_data_type(definition.obs_data_types[0]) == DataClass::magnetic;
+}
+
 constexpr BoxCheck magnetic_boxes[] = {
     { "Text_mag_inclination", 0, "The mag inclination is not numeric", Limit::none, "", &Definition::mag_inclination },
     { "Text_mag_declination", 0, "The mag declination is not numeric", Limit::none, "", &Definition::mag_declination },
@@ -46,12 +74,24 @@ constexpr BoxCheck magnetic_boxes[] = {
       &Definition::mag_intensity },
 };
 
-constexpr BoxCheck azimuth_box = { "Text_line_azimuth", 0,  "The line azimuth is not numeric",
-                                   Limit::none,         "", &Definition::line_azimuth };
-constexpr BoxCheck background_box = {
-    "Text_inversion_background_value", 0, "The model background value is not numeric", Limit::none, "",
-    &Definition::background_value
+constexpr CheckGroup magnetic_field = { magnetic_boxes, &needs_magnetic_field };
+
+bool needs_azimuth(const Setup & setup)
+{
+    const std::int32_t type = setup.definition.obs_data_types[0];
+    return type == 3 || type == 4;
+}
+
+bool needs_background(const Setup & setup) { return setup.definition.background_method == specified_background; }
+
+constexpr BoxCheck type_boxes[] = {
+    { "Text_line_azimuth", 0, "The line azimuth is not numeric", Limit::none, "", &Definition::line_azimuth, nullptr,
+      &needs_azimuth },
+    { "Text_inversion_background_value", 0, "The model background value is not numeric", Limit::none, "",
+      &Definition::background_value, nullptr, &needs_background },
 };
+
+constexpr CheckGroup type_parameters = { type_boxes, &has_method<own_solver> };
 
 constexpr BoxCheck gravity_v2_boxes[] = {
     { "Text_iterations", 0, "The number of iterations is not numeric", Limit::positive,
@@ -62,36 +102,42 @@ constexpr BoxCheck gravity_v2_boxes[] = {
       &Definition::grav_subspace },
 };
 
+constexpr CheckGroup gravity_v2_parameters = { gravity_v2_boxes, &has_method<gravity_v2> };
+
+bool not_gravity_v2(const Setup & setup) { return !has_method<gravity_v2>(setup); }
+bool has_depth_weighting(const Setup & setup) { return setup.form("Option_depth_weighting_parameters", 1).on; }
+bool has_wavelet(const Setup & setup) { return setup.form("Option_wavelet_parameters", 1).on; }
+bool has_tolerance(const Setup & setup) { return setup.form["Text_inversion_tolc"].visible; }
+
+std::string itol_fault(const Setup & setup, int)
+{
+    const std::string & text = setup.form["Text_wavelet_itol"].text;
+    return text == "1" || text == "2" ? "" : "The itol parameter must be either 1 or 2";
+}
+
 // A negative znot is good: only beta has a limit.
-constexpr BoxCheck depth_weighting_boxes[] = {
+constexpr BoxCheck solver_boxes[] = {
     { "Text_weighting_beta", 0, "The beta value is not numeric", Limit::positive, "The beta value must be positive",
-      &Definition::weighting_beta },
-    { "Text_weighting_znot", 0, "The znot value is not numeric", Limit::none, "", &Definition::weighting_znot },
+      &Definition::weighting_beta, nullptr, &has_depth_weighting },
+    { "Text_weighting_znot", 0, "The znot value is not numeric", Limit::none, "", &Definition::weighting_znot, nullptr,
+      &has_depth_weighting },
+    { "Text_wavelet_itol", 0, "", Limit::none, "", &Definition::wavelet_itol, &itol_fault, &has_wavelet },
+    { "Text_wavelet_eps", 0, "The wavelet compression tolerance value is not numeric", Limit::positive,
+      "The wavelet compression tolerance value must be positive", &Definition::wavelet_eps, nullptr, &has_wavelet },
+    { "Text_inversion_par", 0, "The misfit/smoothness trade-off parameter is not numeric", Limit::positive,
+      "The misfit/smoothness trade-off parameter must be positive", &Definition::trade_off },
+    { "Text_inversion_tolc", 0, "The misfit tolerance value is not numeric", Limit::positive,
+      "The misfit tolerance value must be positive", &Definition::misfit_tolerance, nullptr, &has_tolerance },
 };
 
-constexpr BoxCheck wavelet_box = { "Text_wavelet_eps",
-                                   0,
-                                   "The wavelet compression tolerance value is not numeric",
-                                   Limit::positive,
-                                   "The wavelet compression tolerance value must be positive",
-                                   &Definition::wavelet_eps };
-constexpr BoxCheck trade_off_box = { "Text_inversion_par",
-                                     0,
-                                     "The misfit/smoothness trade-off parameter is not numeric",
-                                     Limit::positive,
-                                     "The misfit/smoothness trade-off parameter must be positive",
-                                     &Definition::trade_off };
-constexpr BoxCheck tolerance_box = { "Text_inversion_tolc",
-                                     0,
-                                     "The misfit tolerance value is not numeric",
-                                     Limit::positive,
-                                     "The misfit tolerance value must be positive",
-                                     &Definition::misfit_tolerance };
+constexpr CheckGroup solver_parameters = { solver_boxes, &not_gravity_v2 };
 
-// Zero passes in spite of the words. The first row does not exist for the solver that takes no smallest weight.
+bool reads_smallest_weight(const Setup & setup) { return !has_method<gravity_v3>(setup); }
+
+// Zero passes in spite of the words.
 constexpr BoxCheck alpha_boxes[] = {
     { "Text_alpha_s", 0, "The alpha s value is not numeric", Limit::not_negative, "The alpha s value must be positive",
-      &Definition::alpha_s },
+      &Definition::alpha_s, nullptr, &reads_smallest_weight },
     { "Text_alpha_e", 0, "The alpha E value is not numeric", Limit::not_negative, "The alpha E value must be positive",
       &Definition::alpha_e },
     { "Text_alpha_n", 0, "The alpha N value is not numeric", Limit::not_negative, "The alpha N value must be positive",
@@ -100,22 +146,34 @@ constexpr BoxCheck alpha_boxes[] = {
       &Definition::alpha_v },
 };
 
-Status check_wavelet(Setup & setup, Host & host)
+bool has_alphas(const Setup & setup) { return setup.form("Option_alphas", 1).on; }
+
+/// The box of the smallest weight counts here even for the solver that does not read it.
+std::string alphas_fault(const Setup & setup)
 {
-    const std::string & itol = setup.form["Text_wavelet_itol"].text;
-    if (itol != "1" && itol != "2") return refuse("The itol parameter must be either 1 or 2", host);
-    setup.definition.wavelet_itol = itol == "1" ? 1.0F : 2.0F;
-    return check_box(setup, wavelet_box, host);
+    const bool all_zero =
+        std::ranges::all_of(alpha_boxes, [&](const BoxCheck & check) { return box_number(setup, check.control) == 0; });
+    return all_zero ? "The alpha values cannot all be zero" : "";
 }
 
-bool needs_magnetic_field(const Definition & definition)
+constexpr CheckGroup alphas = { alpha_boxes, &has_alphas, &alphas_fault };
+
+/// A text that is no number leaves the limit to the solver.
+std::string iteration_limit_fault(const Setup & setup, int)
 {
-    if (definition.inversion_method != own_solver)
-        return inversion_method_of(definition.inversion_method).family == MethodFamily::magnetic;
-    return class_of_data_type(definition.obs_data_types[0]) == DataClass::magnetic;
+    const std::string & text = setup.form["Text_max_iter"].text;
+    return is_numeric(text) && leading_number(text) < 0 ? "The number of iterations is not valid" : "";
 }
 
+constexpr BoxCheck iteration_boxes[] = { { "Text_max_iter", 0, "", Limit::none, "", {}, &iteration_limit_fault } };
+constexpr CheckGroup iteration_limit = { iteration_boxes, &has_method<own_solver> };
+
+constexpr CheckGroup groups[] = { corrections,       error_terms,        magnetic_field, type_parameters, gravity_v2_parameters,
+                                  solver_parameters, stored_error_terms, alphas,         iteration_limit };
+
 }
+
+std::span<const CheckGroup> parameter_groups() { return groups; }
 
 Status check_mesh_limits(Setup & setup, Host & host)
 {
@@ -138,14 +196,8 @@ Status take_padding_texts(Setup & setup, Host &)
     return Status::good;
 }
 
-Status check_corrections(Setup & setup, Host & host) { return check_boxes(setup, correction_boxes, host); }
-
-Status check_error_boxes(Setup & setup, Host & host)
-{
-    if (check_boxes(setup, error_boxes, host) != Status::good) return Status::bad;
-    if (both_error_terms_zero(setup)) return refuse("The percent error and error floor fields cannot both be zero", host);
-    return Status::good;
-}
+Status check_corrections(Setup & setup, Host & host) { return check_group(setup, corrections, host); }
+Status check_error_boxes(Setup & setup, Host & host) { return check_group(setup, error_terms, host); }
 
 Status derive_data_types(Setup & setup, Host & host)
 {
@@ -164,56 +216,24 @@ Status derive_data_types(Setup & setup, Host & host)
     return Status::good;
 }
 
-Status check_magnetic_field(Setup & setup, Host & host)
-{
-    return needs_magnetic_field(setup.definition) ? check_boxes(setup, magnetic_boxes, host) : Status::good;
-}
-
-Status check_type_parameters(Setup & setup, Host & host)
-{
-    const Definition & definition = setup.definition;
-    if (definition.inversion_method != own_solver) return Status::good;
-    const std::int32_t type = definition.obs_data_types[0];
-    if ((type == 3 || type == 4) && check_box(setup, azimuth_box, host) != Status::good) return Status::bad;
-    if (definition.background_method != specified_background) return Status::good;
-    return check_box(setup, background_box, host);
-}
+Status check_magnetic_field(Setup & setup, Host & host) { return check_group(setup, magnetic_field, host); }
+Status check_type_parameters(Setup & setup, Host & host) { return check_group(setup, type_parameters, host); }
 
 Status check_solver_parameters(Setup & setup, Host & host)
 {
-    if (setup.definition.inversion_method == gravity_v2) return check_boxes(setup, gravity_v2_boxes, host);
-    if (setup.form("Option_depth_weighting_parameters", 1).on && check_boxes(setup, depth_weighting_boxes, host) != Status::good)
-        return Status::bad;
-    if (setup.form("Option_wavelet_parameters", 1).on && check_wavelet(setup, host) != Status::good) return Status::bad;
-    if (check_box(setup, trade_off_box, host) != Status::good) return Status::bad;
-    return setup.form["Text_inversion_tolc"].visible ? check_box(setup, tolerance_box, host) : Status::good;
+    if (check_group(setup, gravity_v2_parameters, host) != Status::good) return Status::bad;
+    return check_group(setup, solver_parameters, host);
 }
 
-Status take_error_terms(Setup & setup, Host & host)
-{
-    if (check_boxes(setup, stored_error_boxes, host) != Status::good) return Status::bad;
-    if (both_error_terms_zero(setup)) return refuse("The error percent and floor vallues cannot both be zero", host);
-    return Status::good;
-}
-
-Status check_alphas(Setup & setup, Host & host)
-{
-    if (!setup.form("Option_alphas", 1).on) return Status::good;
-    const std::span<const BoxCheck> all = alpha_boxes;
-    const bool without_smallest = setup.definition.inversion_method == gravity_v3;
-    if (check_boxes(setup, without_smallest ? all.subspan(1) : all, host) != Status::good) return Status::bad;
-    // The box of the smallest weight counts here even for the solver that does not read it.
-    const bool all_zero = std::ranges::all_of(all, [&](const BoxCheck & check) { return box_number(setup, check.control) == 0; });
-    return all_zero ? refuse("The alpha values cannot all be zero", host) : Status::good;
-}
+Status take_error_terms(Setup & setup, Host & host) { return check_group(setup, stored_error_terms, host); }
+Status check_alphas(Setup & setup, Host & host) { return check_group(setup, alphas, host); }
 
 Status check_iteration_limit(Setup & setup, Host & host)
 {
-    if (setup.definition.inversion_method != own_solver) return Status::good;
+    if (check_group(setup, iteration_limit, host) != Status::good) return Status::bad;
+    if (!counts(setup, iteration_limit)) return Status::good;
     const std::string & text = setup.form["Text_max_iter"].text;
     if (text.find_first_not_of(' ') == std::string::npos) setup.definition.max_iterations = 0; // the solver's own limit
-    if (!is_numeric(text)) return Status::good;
-    if (leading_number(text) < 0) return refuse("The number of iterations is not valid", host);
-    setup.definition.max_iterations = leading_count(text);
+    if (is_numeric(text)) setup.definition.max_iterations = leading_count(text);
     return Status::good;
 }

@@ -18,6 +18,11 @@ Status take_error_terms(Setup & setup, Host & host);
 Status check_alphas(Setup & setup, Host & host);
 Status check_iteration_limit(Setup & setup, Host & host);
 
+// mesh_box_checks: before the mesh boxes are taken
+Status check_axis_boxes(Setup & setup, int axis, Host & host);
+Status check_lower_part_boxes(Setup & setup, Host & host);
+Status check_padding_boxes(Setup & setup, Host & host);
+
 // data_file_checks
 Status check_observed_file(Setup & setup, Host & host);
 Status check_topography_file(Setup & setup, Host & host);

@@ -3,6 +3,7 @@
 #include "support/fault.h"
 #include "support/paths.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
@@ -17,11 +18,11 @@
 
 namespace {
 
-std::vector<char> read_whole(const std::string & path, std::FILE * file)
+std::vector<char> read_up_to(std::size_t most, const std::string & path, std::FILE * file)
 {
     std::vector<char> held;
     char block[1 << 16];
-    for (std::size_t count = 0; (count = std::fread(block, 1, sizeof block, file)) > 0;)
+    for (std::size_t count = 0; (count = std::fread(block, 1, std::min(sizeof block, most - held.size()), file)) > 0;)
         held.insert(held.end(), block, block + count);
     const int error = std::ferror(file) != 0 ? errno : 0;
     std::fclose(file);
@@ -31,7 +32,7 @@ std::vector<char> read_whole(const std::string & path, std::FILE * file)
 
 }
 
-FileBytes::FileBytes(const std::string & path)
+FileBytes::FileBytes(const std::string & path, std::size_t most)
 {
     const std::filesystem::path host = host_path(path);
     std::error_code ignored;
@@ -40,13 +41,14 @@ FileBytes::FileBytes(const std::string & path)
     const int descriptor = ::open(host.c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0) throw FileFault("cannot open", path, errno);
     struct stat status = {};
-    if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0) {
-        void * const at = ::mmap(nullptr, static_cast<std::size_t>(status.st_size), PROT_READ, MAP_PRIVATE, descriptor, 0);
+    if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0 && most > 0) {
+        const std::size_t size = std::min(static_cast<std::size_t>(status.st_size), most);
+        void * const at = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, descriptor, 0);
         if (at != MAP_FAILED) {
             ::close(descriptor);
-            ::madvise(at, static_cast<std::size_t>(status.st_size), MADV_SEQUENTIAL);
+            ::madvise(at, size, MADV_SEQUENTIAL);
             data_ = static_cast<const char *>(at);
-            size_ = static_cast<std::size_t>(status.st_size);
+            size_ = size;
             mapped_ = true;
             return;
         }
@@ -56,7 +58,7 @@ FileBytes::FileBytes(const std::string & path)
     std::FILE * const file = ::_wfopen(host.c_str(), L"rb");
 #endif
     if (file == nullptr) throw FileFault("cannot open", path, errno);
-    held_ = read_whole(path, file);
+    held_ = read_up_to(most, path, file);
     data_ = held_.data();
     size_ = held_.size();
 }

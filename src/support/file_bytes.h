@@ -9,8 +9,9 @@
 /// Movable; the bytes stay in place until it is destroyed.
 class FileBytes {
 public:
-    /// path: a definition path. Fails with a `FileFault` when the file cannot be opened or read, or is a folder.
-    explicit FileBytes(const std::string & path);
+    /// path: a definition path. most: bytes wanted from the beginning of the file. Fails with a `FileFault` when the file cannot
+    /// be opened or read, or is a folder.
+    explicit FileBytes(const std::string & path, std::size_t most = static_cast<std::size_t>(-1));
     ~FileBytes();
     FileBytes(FileBytes && other) noexcept;
     FileBytes(const FileBytes &) = delete;

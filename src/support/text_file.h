@@ -8,8 +8,9 @@
 /// A text file open for reading, and how far it has been read.
 class TextFile {
 public:
-    /// path: a definition path. Fails with a `FileFault` when the file cannot be opened.
-    explicit TextFile(const std::string & path) : bytes_(path) {}
+    /// path: a definition path. most: bytes wanted from the beginning of the file. Fails with a `FileFault` when the file cannot
+    /// be opened.
+    explicit TextFile(const std::string & path, std::size_t most = static_cast<std::size_t>(-1)) : bytes_(path, most) {}
 
     bool at_end() const { return at_ >= bytes_.text().size(); }
     void rewind() { at_ = 0; }

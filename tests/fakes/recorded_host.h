@@ -16,6 +16,7 @@ struct RecordedDialogs : Dialogs {
     std::vector<std::string> questions; ///< questions, file dialogs and input boxes by their text or title
     std::deque<std::string> picks;      ///< for file, folder and input dialogs, in order
     std::optional<PointTransform> defined_transform;
+    FileDialog last_file;               ///< the last dialog for a file to open
 
     void message(const std::string & text) override { messages.push_back(text); }
     bool question(const std::string & text) override
@@ -23,7 +24,11 @@ struct RecordedDialogs : Dialogs {
         questions.push_back(text);
         return false;
     }
-    std::optional<std::string> open_file(const FileDialog & dialog) override { return pick(dialog.title); }
+    std::optional<std::string> open_file(const FileDialog & dialog) override
+    {
+        last_file = dialog;
+        return pick(dialog.title);
+    }
     std::optional<std::string> save_file(const FileDialog & dialog) override { return pick(dialog.title); }
     std::optional<std::string> choose_folder(const std::string & title, const std::string &) override { return pick(title); }
     std::optional<std::string> input(const std::string & title, const std::string &, const std::string &) override
