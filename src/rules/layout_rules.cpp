@@ -31,6 +31,7 @@ void set_clip_tool_tips(Setup & setup)
 {
     const char * const overlap = "Increase/decrease the tile overlap";
     setup.form("UpDown_clip", 10).tool_tip = is_refined(setup) ? overlap : "Shift the min and max x location";
+    setup.form("UpDown_clip", 11).visible = !is_refined(setup); // it would do just the same
     setup.form("UpDown_clip", 11).tool_tip = is_refined(setup) ? overlap : "Shift the min and max y location";
 }
 
