@@ -6,6 +6,7 @@
 #include "support/fault.h"
 #include "support/missing.h"
 #include "support/numbers.h"
+#include "support/paths.h"
 
 #include <algorithm>
 #include <cmath>
@@ -151,6 +152,7 @@ void read_image(const std::string & path, LayoutBackdrop & backdrop, Host & host
 {
     if (path.empty()) return;
     host.progress.step("Reading the image");
+    if (find_file(path).empty()) return host.dialogs.message("The image file does not exist: " + path);
     std::string fault;
     backdrop.grid = raster_of_grid(path, 0, fault, host.progress);
     if (backdrop.grid.columns > 0) return;

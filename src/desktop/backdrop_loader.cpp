@@ -79,14 +79,17 @@ struct NoLauncher : ScriptLauncher {
     void start(const std::string &, const std::string &) override {}
 };
 
-constexpr int look_every = 50; // milliseconds
+constexpr int look_every = 50, settle_time = 250; // milliseconds
 constexpr auto patience = std::chrono::milliseconds(1000);
 
 }
 
 BackdropLoader::BackdropLoader(QObject * parent) : QObject(parent)
 {
+    settling_.setSingleShot(true);
+    settling_.setInterval(settle_time);
     timer_.setInterval(look_every);
+    connect(&settling_, &QTimer::timeout, this, &BackdropLoader::begin);
     connect(&timer_, &QTimer::timeout, this, &BackdropLoader::look);
 }
 
@@ -102,16 +105,25 @@ bool BackdropLoader::load(const BackdropSources & sources)
 {
     if (loaded_ && same_backdrop(*loaded_, sources)) return false;
     if (work_) work_->stop_asked = true;
-    loaded_ = sources;
+    loaded_ = wanted_ = sources;
+    work_.reset();
+    timer_.stop();
+    settling_.start();
+    return true;
+}
+
+void BackdropLoader::begin()
+{
+    settling_.stop();
     work_ = std::make_shared<Work>();
-    work_->sources = sources;
+    work_->sources = wanted_;
     std::thread([work = work_] { run(work); }).detach(); // it may hang in a drive that is gone
     timer_.start();
-    return true;
 }
 
 void BackdropLoader::stop()
 {
+    if (settling_.isActive()) begin(); // to end in the same way
     if (work_) work_->stop_asked = true;
 }
 

@@ -15,12 +15,13 @@ public:
     explicit BackdropLoader(QObject * parent = nullptr);
     ~BackdropLoader() override;
 
-    /// Starts, unless the same sources have been read or are being read. True when it did.
+    /// Starts shortly, unless the same sources have been read or are being read; a name that is being typed settles in between.
+    /// True when they are new.
     bool load(const BackdropSources & sources);
     /// The files may have changed: the next load reads them again.
     void forget() { loaded_.reset(); }
     void stop();
-    bool is_loading() const { return work_ != nullptr; }
+    bool is_loading() const { return work_ != nullptr || settling_.isActive(); }
 
 signals:
     void progressed(const QString & words, int percent);
@@ -34,9 +35,11 @@ private:
     class Collector;
 
     static void run(const std::shared_ptr<Work> & work);
+    void begin();
     void look();
 
     std::shared_ptr<Work> work_;
-    std::optional<BackdropSources> loaded_;
-    QTimer timer_;
+    BackdropSources wanted_;
+    std::optional<BackdropSources> loaded_; ///< or being read
+    QTimer settling_, timer_;
 };

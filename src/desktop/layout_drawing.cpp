@@ -3,7 +3,6 @@
 #include "support/missing.h"
 
 #include <QObject>
-
 #include <algorithm>
 #include <cmath>
 
@@ -47,20 +46,36 @@ QImage image_of(const Picture & picture)
 
 bool is_dark(const QPalette & palette) { return palette.color(QPalette::Base).lightness() < 128; }
 
-/// The colours of the lines, lighter where the ground is dark.
-QColor shown_colour(std::int32_t colour, const QPalette & palette)
+/// What lines lie on: paper, dark paper, or a picture that covers it.
+enum class Under { light, dark, picture_on_dark };
+
+Under under_of(const QPalette & palette, bool covered)
 {
-    if (colour == layout_black) return palette.color(QPalette::Text);
-    if (!is_dark(palette)) return QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255);
-    return colour == layout_blue ? QColor(120, 165, 255) : QColor(255, 95, 85);
+    if (!is_dark(palette)) return Under::light;
+    return covered ? Under::picture_on_dark : Under::dark;
 }
 
-QPen pen_of(const LayoutLine & line, const QPalette & palette)
+/// The colours of the lines, lighter where the ground is dark; between both where it may be either.
+QColor shown_colour(std::int32_t colour, const QPalette & palette, Under under)
 {
-    QPen pen(shown_colour(line.colour, palette), line.width);
+    if (colour == layout_black) return palette.color(QPalette::Text);
+    if (under == Under::light) return QColor(colour & 255, colour >> 8 & 255, colour >> 16 & 255);
+    if (colour != layout_blue) return under == Under::dark ? QColor(255, 95, 85) : QColor(240, 40, 30);
+    return under == Under::dark ? QColor(120, 165, 255) : QColor(50, 85, 255);
+}
+
+QPen pen_of(const LayoutLine & line, const QPalette & palette, Under under)
+{
+    QPen pen(shown_colour(line.colour, palette, under), line.width);
     if (line.style != 0) pen.setDashPattern({ 3, 3 });
     pen.setCapStyle(Qt::FlatCap);
     return pen;
+}
+
+/// True when a picture is shown beneath.
+bool is_covered(const PaintedBackdrop & backdrop, const LayoutChoice & choice)
+{
+    return (choice.ground && !backdrop.ground.isNull()) || (choice.image && !backdrop.image.isNull());
 }
 
 QPointF at(const LayoutView & view, double x, double y)
@@ -80,7 +95,7 @@ bool cut(QLineF & line, const QRectF & box)
     double from = 0, to = 1;
     const auto side = [&](double start, double step, double low, double high) {
         if (step == 0) return start >= low && start <= high;
-        const auto [first, second] = std::minmax((low - start) / step, (high - start) / step);
+        const auto [first, second] = std::minmax({ (low - start) / step, (high - start) / step });
         from = std::max(from, first);
         to = std::min(to, second);
         return from < to;
@@ -160,10 +175,11 @@ void draw_legend(QPainter & painter, const LayoutPlot & plot, const LayoutScene 
 {
     const double y = plot.area.top() - plot.line * 0.9;
     double x = plot.area.left();
+    const Under under = under_of(palette, is_covered(backdrop, choice));
     const LayoutLine red = { .colour = layout_red, .width = 2 }, blue = { .colour = layout_blue, .style = 2 };
     x = draw_entry(painter, x, y, scene.refined ? QObject::tr("Mesh, tiles (crossed: skipped)") : QObject::tr("Mesh and core"),
-                   pen_of(red, palette), false);
-    if (scene.refined) x = draw_entry(painter, x, y, QObject::tr("Overlap"), pen_of(blue, palette), false);
+                   pen_of(red, palette, under), false);
+    if (scene.refined) x = draw_entry(painter, x, y, QObject::tr("Overlap"), pen_of(blue, palette, under), false);
     if (choice.readings && backdrop.data && !backdrop.data->reading_x.empty())
         draw_entry(painter, x, y, QObject::tr("Readings"), QPen(palette.color(QPalette::Text), 4, Qt::SolidLine, Qt::RoundCap),
                    true);
@@ -230,22 +246,21 @@ void draw_map(QPainter & painter, const QSizeF & size, const LayoutScene & scene
 {
     const QRectF box(QPointF(0, 0), size);
     painter.fillRect(box, palette.color(QPalette::Base));
-    bool covered = false;
+    const Under under = under_of(palette, is_covered(backdrop, choice));
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    if (choice.ground && !backdrop.ground.isNull()) {
+    if (choice.ground && !backdrop.ground.isNull())
         painter.drawImage(rectangle_of(view, backdrop.ground_limits), backdrop.ground);
-        covered = true;
-    }
-    if (choice.image && !backdrop.image.isNull()) {
-        painter.drawImage(rectangle_of(view, backdrop.image_limits), backdrop.image);
-        covered = true;
-    }
-    if (choice.readings && backdrop.data) draw_readings(painter, box, *backdrop.data, view, is_dark(palette) && !covered);
+    if (choice.image && !backdrop.image.isNull()) painter.drawImage(rectangle_of(view, backdrop.image_limits), backdrop.image);
+    if (choice.readings && backdrop.data) draw_readings(painter, box, *backdrop.data, view, under == Under::dark);
     painter.setRenderHint(QPainter::Antialiasing);
     for (const LayoutLine & line : scene.lines) {
         QLineF drawn(at(view, line.x1, line.y1), at(view, line.x2, line.y2));
         if (!cut(drawn, box.adjusted(-5, -5, 5, 5))) continue;
-        painter.setPen(pen_of(line, palette));
+        // Dots keep to the picture, so that those of lines over each other do not fill each other's gaps.
+        if (drawn.dx() + drawn.dy() < 0) drawn = QLineF(drawn.p2(), drawn.p1());
+        QPen pen = pen_of(line, palette, under);
+        if (line.style != 0) pen.setDashOffset(std::fmod(drawn.x1() + drawn.y1() + 60, 6));
+        painter.setPen(pen);
         painter.drawLine(drawn);
     }
 }

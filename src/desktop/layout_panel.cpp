@@ -105,6 +105,11 @@ void LayoutPanel::show_backdrop(std::shared_ptr<const LayoutBackdrop> backdrop, 
     // One line of it; the whole is in the tool tip.
     ui_->loading_words->setText(messages.isEmpty() ? QString() : tr("Not all could be read"));
     ui_->loading_words->setToolTip(messages);
+    if (backdrop) {
+        ui_->show_readings->setEnabled(!backdrop->reading_x.empty());
+        ui_->show_ground->setEnabled(backdrop->ground.columns > 0);
+        ui_->show_image->setEnabled(backdrop->picture || backdrop->grid.columns > 0);
+    }
     ui_->Picture_tiling_layout->show_backdrop(std::move(backdrop));
 }
 
