@@ -3,6 +3,7 @@
 #include "app/output_folder.h"
 #include "creation/pipeline.h"
 #include "definition/enumerations.h"
+#include "rules/layout_rules.h"
 #include "rules/validation.h"
 #include "support/fault.h"
 #include "support/paths.h"
@@ -102,12 +103,11 @@ Status check_folder_and_tiles(Setup & setup, int index, const OutputFolder & fol
     return Status::good;
 }
 
-void pause_for_tiles(Session & session, ValidatedDefinition definition, const std::string & folder, CreateMode mode)
+void pause_for_tiles(Session & session, ValidatedDefinition definition, const std::string & folder, CreateMode mode, Host & host)
 {
     Setup & setup = session.setup;
     session.paused = PausedCreation{ std::move(definition), setup.design_mesh, setup.tiles, folder, mode };
-    choose_position(setup.form["Combo_view_limits"], 0);
-    setup.form["Frame_tiling_layout"].visible = setup.form["Frame_do_tile"].visible = true;
+    pause_in_tiling_layout(setup, host);
 }
 
 Status check_and_create(Session & session, int index, const OutputFolder & folder, Host & host, bool & handled)
@@ -128,7 +128,7 @@ Status check_and_create(Session & session, int index, const OutputFolder & folde
     host.progress.line("Saving the inversion definitions");
     save_into_folder(session, *definition, folder, host);
     if (is_tiled(setup)) {
-        pause_for_tiles(session, std::move(*definition), folder.path, mode_of(setup, index));
+        pause_for_tiles(session, std::move(*definition), folder.path, mode_of(setup, index), host);
         return Status::good;
     }
     handled = true; // from here on the pipeline shows its own failures
@@ -180,5 +180,5 @@ Status press_continue_tile(Session & session, Host & host)
 void press_cancel_tile(Session & session)
 {
     session.paused.reset();
-    session.setup.form["Frame_tiling_layout"].visible = session.setup.form["Frame_do_tile"].visible = false;
+    press_done_tiling_layout(session.setup);
 }

@@ -198,6 +198,7 @@ Form make_main_form()
 {
     Form form;
     for (const ControlRow & row : control_rows) form.add(row.name, row.count);
+    for (const int unused : { 8, 9 }) form("UpDown_clip", unused).visible = false;
     form["Form_mag3d"].caption = "3D Mag/Gravity Inversion Setup Utility";
     return form;
 }

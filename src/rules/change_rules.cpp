@@ -2,6 +2,7 @@
 
 #include "rules/bound_controls.h"
 #include "rules/data_columns.h"
+#include "rules/layout_rules.h"
 #include "rules/mesh_boxes.h"
 #include "rules/solver_rules.h"
 #include "rules/tile_choice.h"
@@ -75,6 +76,11 @@ void change_optional_data_type(Setup & setup, int index, Host &)
 /// What the boxes hold is checked and shown; a fault has shown its message, and the boxes stay as they are.
 void leave_tile_box(Setup & setup, int, Host & host) { static_cast<void>(unload_mesh_from_form(setup, -1, false, host)); }
 
+void mark_tile(Setup & setup, int, Host & host)
+{
+    if (take_skipped_tile(setup)) static_cast<void>(display_tiling_layout(setup, true, host));
+}
+
 struct Rule {
     const char * control;
     void (*apply)(Setup & setup, int index, Host & host);
@@ -98,7 +104,7 @@ constexpr Rule rules[] = {
     { "Text_number_y_tiles", &leave_tile_box },
     { "Text_tile_overlap", &leave_tile_box },
     { "Combo_tile_order", [](Setup & setup, int index, Host &) { take_tile_order(setup, index); } },
-    { "Check_do_tile", [](Setup & setup, int, Host &) { static_cast<void>(take_skipped_tile(setup)); } },
+    { "Check_do_tile", &mark_tile },
     { "Tab_inversion", [](Setup & setup, int, Host &) { show_data_captions(setup); } },
 };
 

@@ -131,6 +131,18 @@ void display_cell_counts(Setup & setup)
     show_count(setup, "Text_num_z_cells", 0, total[2]);
 }
 
+Status check_mesh_boxes(Setup & setup, const std::vector<int> & axes, Host & host)
+{
+    for (const int axis : axes)
+        if (check_axis_boxes(setup, axis, host) != Status::good) return Status::bad;
+    if (axes.back() == 2 && check_lower_part_boxes(setup, host) != Status::good) return Status::bad;
+    if (setup.refinement_mode != normal_mode) return check_tile_layout_boxes(setup, host);
+    static_cast<void>(take_padding_boxes(setup)); // what is wrong with them is said next
+    return check_padding_boxes(setup, host);
+}
+
+}
+
 void show_outer_limits(Setup & setup)
 {
     const InversionDefinition & definition = setup.definition;
@@ -157,18 +169,6 @@ void show_outer_limits(Setup & setup)
     setup.form["Text_max_elev"].text = setup.form("Text_max_val", 2).text;
     show(setup, "Text_min_elev", mesh.mesh_z_bottom - padding);
     show(setup, "Text_range_elev", padding + (mesh.mesh_z_top - mesh.mesh_z_bottom));
-}
-
-Status check_mesh_boxes(Setup & setup, const std::vector<int> & axes, Host & host)
-{
-    for (const int axis : axes)
-        if (check_axis_boxes(setup, axis, host) != Status::good) return Status::bad;
-    if (axes.back() == 2 && check_lower_part_boxes(setup, host) != Status::good) return Status::bad;
-    if (setup.refinement_mode != normal_mode) return check_tile_layout_boxes(setup, host);
-    static_cast<void>(take_padding_boxes(setup)); // what is wrong with them is said next
-    return check_padding_boxes(setup, host);
-}
-
 }
 
 Status take_mesh_boxes(Setup & setup, int axis, bool keep_maximum, Host & host)

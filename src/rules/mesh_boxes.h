@@ -16,6 +16,9 @@ Status take_mesh_boxes(Setup & setup, int axis, bool keep_maximum, Host & host);
 /// Writes the mesh boxes again from the record.
 void display_inversion_mesh(Setup & setup);
 
+/// Shows the limits of the mesh with its padding, while padding is on.
+void show_outer_limits(Setup & setup);
+
 /// Builds the design mesh from the record and shows it, in refined mode with its tiles. Bad when an axis has no cell, and, after
 /// a message, when a refined volume does not fit into its base mesh. Lets run-time faults through.
 Status build_design_mesh(Setup & setup, Host & host);

@@ -8,8 +8,13 @@ void select_tile(Setup & setup, Tile tile)
     const bool selected = setup.tiles.has(tile);
     setup.selected_tile = selected ? tile : Tile();
     setup.form["Frame_do_tile"].visible = selected;
-    if (!selected) return;
     Control & box = setup.form["Check_do_tile"];
+    box.enabled = selected;
+    if (!selected) {
+        box.caption = "Skip Tile";
+        box.on = false;
+        return;
+    }
     box.caption = "Skip Tile X" + format_number(tile.x, "00") + " Y" + format_number(tile.y, "00");
     box.on = setup.tiles.is_skipped(tile);
 }

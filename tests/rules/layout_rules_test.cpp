@@ -1,0 +1,196 @@
+#include "rules/layout_rules.h"
+#include "rules/mesh_boxes.h"
+#include "rules/refinement.h"
+#include "rules/started_setup.h"
+
+namespace {
+
+using Texts = std::vector<std::string>;
+
+/// Ten cells of 10 m from 0 to 100 in x, and five of 20 m from 0 to 100 in y, with one padding cell at each end.
+struct Simple : StartedSetup {
+    TemporaryFolder folder;
+
+    Simple()
+    {
+        std::string data = "x y z v\r\n";
+        for (int i = 0; i < 20; ++i) data += std::to_string(5 * i) + " 50 30 1\r\n";
+        load_lines("Inversion method: 4; X Range: 0 100 10 10; Y Range: 0 100 20 5; Z Range: -100 0 10 10 1 0;"
+                   "Add mesh padding: 1 1; X/Y padding: 2; Z padding: 1; Obs data types: 1; Mag field: 60 0 50000;"
+                   "Obs data definitions: 2 0 1 0 1 2 3 4 0 0 0; Sensor height definitions: 0 0 0; Topo type: 1;"
+                   "Obs data file: " +
+                   folder.write("mag.dat", data));
+        EXPECT_EQ(build_design_mesh(setup, host), Status::good);
+    }
+};
+
+/// Volume of 0..100 m in a base mesh of 10 m cells, refined by cells of 2 m; 2 x 2 tiles.
+struct Refined : StartedSetup {
+    TemporaryFolder folder;
+
+    Refined()
+    {
+        const std::string mesh = folder.write("base.msh", "14 14 4\r\n-60 -60 50\r\n40 20 10*10 20 40\r\n40 20 10*10 20 40\r\n"
+                                                          "10 10 10 20\r\n");
+        EXPECT_EQ(start_refinement(setup, mesh, host), Status::good);
+        act("Text_cell_size 0 = 2; Text_cell_size 1 = 2; Text_cell_size 2 = 5; Text_x_tile_size := 40; Text_y_tile_size := 40;"
+            "Text_tile_overlap := 5; Text_blend_overlap := 2; Text_z_blend := 0; Text_min_val 0 := 20; Text_max_val 0 := 80;"
+            "Text_number_x_tiles = 0");
+        EXPECT_TRUE(dialogs.messages.empty() && setup.tiles.has({ 1, 1 }));
+    }
+};
+
+}
+
+TEST(layout_limits, given_the_list_then_nothing_chosen_is_all_and_the_volume_needs_refined_mode)
+{
+    ::Setup setup;
+    setup.form = make_main_form();
+    const auto limits = [&setup](int position, std::int32_t mode) {
+        setup.form["Combo_view_limits"].position = position;
+        setup.refinement_mode = mode;
+        return static_cast<int>(layout_limits(setup));
+    };
+    EXPECT_EQ((std::array{ limits(-1, 0), limits(0, 0), limits(1, 0), limits(2, 0) }), (std::array{ 0, 0, 1, 1 }));
+    EXPECT_EQ((std::array{ limits(-1, 1), limits(0, 1), limits(1, 1), limits(2, 1) }), (std::array{ 0, 0, 1, 2 }));
+}
+
+TEST(layout_view, given_the_button_then_it_opens_only_over_a_definition_that_passes_its_check)
+{
+    Simple given;
+    given.act("Text_min_val 0 := abc");
+    EXPECT_EQ(press_view_tiling(given.setup, given.host), Status::bad);
+    EXPECT_EQ(given.dialogs.messages.size(), 1U);
+    given.expect("Frame_tiling_layout hidden; Tab_inversion shown");
+
+    given.act("Text_min_val 0 := 0");
+    given.setup.form("StatusBar_coords", 3).text = "old";
+    given.dialogs.messages.clear();
+    EXPECT_EQ(press_view_tiling(given.setup, given.host), Status::good);
+    EXPECT_EQ(given.dialogs.messages, Texts());
+    given.expect("Frame_tiling_layout shown; Tab_inversion hidden; Frame_do_tile hidden; Command_done_tiling_layout shown;"
+                 "Command_continue_tile hidden; Command_cancel_tile hidden");
+    EXPECT_EQ(given.setup.form("StatusBar_coords", 2).text, "12,7");
+    EXPECT_EQ(given.setup.form("StatusBar_coords", 3).text, "");
+    EXPECT_EQ(given.setup.form("UpDown_clip", 10).tool_tip, "Shift the min and max x location");
+    EXPECT_EQ(given.setup.form("UpDown_clip", 11).tool_tip, "Shift the min and max y location");
+    press_done_tiling_layout(given.setup);
+    given.expect("Frame_tiling_layout hidden; Tab_inversion shown");
+}
+
+TEST(press_clip, given_a_button_then_its_limits_move_by_a_cell_and_boxes_mesh_and_totals_follow)
+{
+    const struct {
+        int index;
+        bool up;
+        const char *wanted, *totals;
+        double west, north; // of the mesh: 20 m and 40 m of padding outside the limits
+    } cases[] = {
+        { 0, false, "Text_min_val 0 = -10; Text_max_val 0 = 100; Text_num_cells 0 = 11; Text_max_val 3 = 110", "13,7", -30, 140 },
+        { 4, true, "Text_min_val 0 = 10; Text_num_cells 0 = 9; Text_max_val 3 = 90; Text_min_east = -10", "11,7", -10, 140 },
+        { 1, false, "Text_min_val 0 = 0; Text_max_val 0 = 90; Text_num_cells 0 = 9; Text_max_val 3 = 90", "11,7", -20, 140 },
+        { 5, true, "Text_max_val 0 = 110; Text_num_cells 0 = 11; Text_max_val 3 = 110", "13,7", -20, 140 },
+        { 2, false, "Text_min_val 1 = -20; Text_num_cells 1 = 6; Text_max_val 4 = 120", "12,8", -20, 140 },
+        { 6, true, "Text_min_val 1 = 20; Text_num_cells 1 = 4; Text_max_val 4 = 80", "12,6", -20, 140 },
+        { 3, false, "Text_max_val 1 = 80; Text_num_cells 1 = 4; Text_max_val 4 = 80", "12,6", -20, 120 },
+        { 7, true, "Text_max_val 1 = 120; Text_num_cells 1 = 6; Text_max_val 4 = 120", "12,8", -20, 160 },
+        { 10, true, "Text_min_val 0 = 10; Text_max_val 0 = 110; Text_num_cells 0 = 10; Text_max_val 3 = 100", "12,7", -10, 140 },
+        { 11, false, "Text_min_val 1 = -20; Text_max_val 1 = 80; Text_num_cells 1 = 5; Text_max_val 4 = 100", "12,7", -20, 120 },
+        { 8, true, "Text_min_val 0 = 0; Text_max_val 0 = 100", "", -20, 140 },
+    };
+    for (const auto & [index, up, wanted, totals, west, north] : cases) {
+        SCOPED_TRACE(std::to_string(index) + (up ? " up" : " down"));
+        Simple given;
+        given.act("Combo_view_limits = 1");
+        press_clip(given.setup, index, up, given.host);
+        given.expect(wanted);
+        EXPECT_EQ(given.setup.form("StatusBar_coords", 2).text, totals);
+        EXPECT_EQ(given.setup.design_mesh.nodes_x[1], west);
+        EXPECT_EQ(given.setup.design_mesh.nodes_y[given.setup.design_mesh.nodes_y.size()], north);
+        const bool redrawn = index < 4 || index >= 10; // with the whole mesh in view
+        given.expect(std::string("Frame_do_tile hidden; Combo_view_limits = ") + (redrawn ? "Total Region" : "Core Region"));
+    }
+}
+
+TEST(press_clip, given_one_cell_then_it_grows_and_never_goes)
+{
+    const struct {
+        std::int32_t cells;
+        int index;
+        bool up;
+        const char * wanted;
+    } cases[] = { { 1, 0, true, "1" }, { 1, 0, false, "2" }, { 1, 1, false, "1" },
+                  { 1, 1, true, "2" }, { 2, 0, true, "1" },  { 2, 1, false, "1" } };
+    for (const auto & [cells, index, up, wanted] : cases) {
+        Simple given;
+        given.setup.definition.mesh_max[0] = 10 * cells;
+        EXPECT_EQ(build_design_mesh(given.setup, given.host), Status::good);
+        press_clip(given.setup, index, up, given.host);
+        EXPECT_EQ(given.text("Text_num_cells"), wanted) << cells << " " << index << up;
+    }
+}
+
+TEST(press_clip, given_refined_mode_then_limits_move_by_base_cells_and_go_no_further_than_its_core)
+{
+    Refined given;
+    given.setup.tiles.tile_skipped[1] = 1;
+    press_clip(given.setup, 0, false, given.host);
+    given.expect("Text_min_val 0 = 10; Text_num_cells 0 = 35; Text_max_val 3 = 70; Frame_do_tile shown");
+    EXPECT_EQ(given.setup.design_mesh.nodes_x[given.setup.design_mesh.core_x_first], 10);
+    EXPECT_FALSE(given.setup.tiles.is_skipped({ 1, 1 }));             // laid out anew
+    EXPECT_EQ(given.setup.form("StatusBar_coords", 2).text, "42,54"); // 35 and 50, with 7 and 4 of the base
+    press_clip(given.setup, 0, false, given.host);
+    EXPECT_TRUE(given.dialogs.messages.empty());
+    press_clip(given.setup, 0, false, given.host);
+    EXPECT_EQ(given.dialogs.messages,
+              Texts{ "The minimum x limit of the refined area is outside the core mesh region of the original model" });
+    given.expect("Text_min_val 0 = 0; Text_num_cells 0 = 40");
+    EXPECT_EQ(given.setup.definition.mesh_min[0], 0);
+    for (int press = 0; press < 12; ++press) press_clip(given.setup, 1, false, given.host);
+    given.expect("Text_min_val 0 = 0; Text_max_val 0 = 10; Text_num_cells 0 = 5"); // one base cell is left
+}
+
+TEST(press_clip, given_the_overlap_then_the_box_shows_it_and_the_tiles_wait)
+{
+    Refined given;
+    const auto tiles = given.setup.tiles.tile_x_cells;
+    press_clip(given.setup, 10, false, given.host);
+    given.expect("Text_tile_overlap = 4; Frame_do_tile shown");
+    press_clip(given.setup, 11, true, given.host);
+    press_clip(given.setup, 11, true, given.host);
+    given.expect("Text_tile_overlap = 6; Tile overlap: 6");
+    EXPECT_TRUE(given.setup.tiles.tile_x_cells == tiles);
+}
+
+TEST(layout_pointer, given_tiles_then_the_one_under_the_pointer_is_told_chosen_and_marked)
+{
+    Refined given;
+    pause_in_tiling_layout(given.setup, given.host);
+    given.expect("Frame_tiling_layout shown; Frame_do_tile shown; Tab_inversion hidden; Command_continue_tile shown;"
+                 "Command_cancel_tile shown; Command_done_tiling_layout hidden; Check_do_tile disabled; Check_do_tile = off");
+    EXPECT_EQ(given.setup.form("UpDown_clip", 11).tool_tip, "Increase/decrease the tile overlap");
+    point_at(given.setup, 25.04, 1.25);
+    // x nodes -60, -20, 0, 10, 20, 22, 24, 26 and y nodes -60, -20, 0, 2. In x one tile holds all but the last of 30 cells; in y
+    // it ends at 50 m, after 25 cells, and has 5 more.
+    const auto panels = [&] {
+        std::string text;
+        for (int i = 3; i < 6; ++i) text += given.setup.form("StatusBar_coords", i).text + "|";
+        return text;
+    };
+    EXPECT_EQ(panels(), "25.0|1.3|7,3 T0101 29 x 30|");
+    choose_at(given.setup, 25, 1);
+    given.expect("Check_do_tile enabled; Check_do_tile = off");
+    EXPECT_EQ(given.setup.form["Check_do_tile"].caption, "Skip Tile X01 Y01");
+    given.act("Combo_view_limits = 2; Check_do_tile = on");
+    given.expect("Combo_view_limits = Total Region; Frame_do_tile shown");
+    EXPECT_TRUE(given.setup.tiles.is_skipped({ 1, 1 }));
+    point_at(given.setup, -1000, 0);
+    EXPECT_EQ(panels(), "-1000.0|0.0||");
+    choose_at(given.setup, -1000, 0);
+    EXPECT_EQ(given.setup.selected_tile, Tile());
+    given.expect("Frame_do_tile shown; Check_do_tile disabled"); // the order of the tiles stays in reach
+    choose_at(given.setup, 25, 1);
+    given.expect("Check_do_tile = on");
+    press_done_tiling_layout(given.setup);
+    given.expect("Frame_do_tile hidden");
+}
