@@ -103,7 +103,10 @@ bool DesktopDialogs::check_options(const std::string & title, std::vector<CheckO
     return true;
 }
 
-std::optional<PointTransform> DesktopDialogs::define_transform(const PointTransform &) { return std::nullopt; }
+std::optional<PointTransform> DesktopDialogs::define_transform(const PointTransform & start)
+{
+    return transform_dialog ? transform_dialog(start) : std::nullopt;
+}
 
 void DesktopProgress::begin_command()
 {

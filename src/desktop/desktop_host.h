@@ -12,6 +12,9 @@ class DesktopDialogs : public Dialogs {
 public:
     explicit DesktopDialogs(QWidget & parent) : parent_(parent) {}
 
+    /// Opens the dialog of the transform; set by the window, which knows what the dialog needs.
+    std::function<std::optional<PointTransform>(const PointTransform &)> transform_dialog;
+
     void message(const std::string & text) override;
     bool question(const std::string & text) override;
     std::optional<std::string> open_file(const FileDialog & dialog) override;

@@ -4,10 +4,14 @@
 #include "app/press.h"
 #include "desktop/companions.h"
 #include "desktop/data_previews.h"
+#include "desktop/layout_panel.h"
+#include "desktop/transform_dialog.h"
 #include "rules/change_rules.h"
 #include "rules/file_boxes.h"
 #include "rules/form_events.h"
+#include "rules/layout_rules.h"
 #include "rules/live_checks.h"
+#include "support/fault.h"
 #include "support/paths.h"
 #include "support/text.h"
 #include "ui_page_create.h"
@@ -21,8 +25,10 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDragEnterEvent>
+#include <QGroupBox>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QStatusBar>
 #include <QToolButton>
@@ -99,6 +105,7 @@ MainWindow::MainWindow(SettingsStore & settings, ScriptLauncher & launcher, Dial
       display_{ dialogs ? *dialogs : own_dialogs_, display_progress_, settings, launcher, debug_ },
       progress_(session_.setup.form, display_), host_{ display_.dialogs, progress_, settings, launcher, debug_ }
 {
+    own_dialogs_.transform_dialog = [this](const PointTransform & start) { return define_transform(*this, start, host_); };
     setObjectName(QStringLiteral("Form_mag3d"));
     setAcceptDrops(true);
     resize(1180, 760);
@@ -122,8 +129,12 @@ void MainWindow::build()
     auto * const layout = new QVBoxLayout(centre);
     layout->setContentsMargins(6, 6, 6, 0);
     build_pages();
+    layout_ = new LayoutPanel;
     layout->addWidget(pages_);
+    layout->addWidget(layout_);
+    layout->addWidget(checklist());
     setCentralWidget(centre);
+    wire_layout();
     build_menus();
     build_foot();
     previews_ = std::make_unique<DataPreviews>(*this);
@@ -179,6 +190,47 @@ void MainWindow::build_foot()
     stop_->hide();
 }
 
+/// The list of what to look at before an inversion is run; shown and hidden by its control.
+QWidget * MainWindow::checklist()
+{
+    auto * const frame = new QGroupBox(tr("Inversion check list"));
+    frame->setObjectName(QStringLiteral("Frame_checklist"));
+    auto * const text = new QPlainTextEdit;
+    text->setObjectName(QStringLiteral("RichTextBox_checklist"));
+    text->setReadOnly(true);
+    text->setMinimumHeight(260);
+    auto * const close = new QPushButton(tr("Close Checklist"));
+    close->setObjectName(QStringLiteral("Command_close_checklist"));
+    auto * const layout = new QVBoxLayout(frame);
+    layout->addWidget(text);
+    layout->addWidget(close, 0, Qt::AlignRight);
+    return frame;
+}
+
+void MainWindow::wire_layout()
+{
+    Setup & setup = session_.setup;
+    connect(layout_, &LayoutPanel::pointer_moved, this, [this, &setup](double x, double y) {
+        if (display_progress_.in_command()) return;
+        point_at(setup, x, y);
+        view_->show();
+    });
+    connect(layout_, &LayoutPanel::pointer_released, this,
+            [this, &setup](double x, double y) { guarded([&] { choose_at(setup, x, y); }); });
+    connect(layout_, &LayoutPanel::clip_pressed, this, [this, &setup](int index, bool up) {
+        guarded([&] { press_clip(setup, index, up, host_); });
+        setWindowModified(true);
+    });
+    connect(layout_, &LayoutPanel::save_picture, this, [this] {
+        guarded([this] {
+            const auto path =
+                host_.dialogs.save_file({ "Save the picture of the mesh layout", "Pictures (*.png)|*.png", "", "png" });
+            if (path && !layout_->write_picture(QString::fromStdString(host_path(*path).string())))
+                throw Fault("cannot write the picture " + *path);
+        });
+    });
+}
+
 void MainWindow::refresh()
 {
     if (!view_) return;
@@ -187,6 +239,7 @@ void MainWindow::refresh()
     view_->show();
     view_->show_faults([&setup](const std::string & control, int index) { return box_fault(setup, control, index); });
     if (!display_progress_.in_command()) previews_->show(setup);
+    layout_->show_layout(setup);
     show_column_names();
 }
 

@@ -13,6 +13,7 @@
 #include <memory>
 
 class DataPreviews;
+class LayoutPanel;
 
 /// The program's one window: the pages of the form, the layout view, the progress of a run and the menus.
 class MainWindow : public QMainWindow {
@@ -38,6 +39,8 @@ private:
     void build_menus();
     void build_pages();
     void build_foot();
+    QWidget * checklist();
+    void wire_layout();
 
     void changed(const std::string & control, int index);
     void left(const std::string & control, int index);
@@ -66,6 +69,7 @@ private:
     Host host_;
 
     QTabWidget * pages_ = nullptr;
+    LayoutPanel * layout_ = nullptr;
     QLabel * step_ = nullptr;
     QProgressBar * bar_ = nullptr;
     QPushButton * stop_ = nullptr;

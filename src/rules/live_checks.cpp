@@ -23,6 +23,7 @@ struct HeldMessage : Dialogs {
         return std::nullopt;
     }
     bool check_options(const std::string &, std::vector<CheckOption> &) override { return false; }
+    std::optional<PointTransform> define_transform(const PointTransform &) override { return std::nullopt; }
 };
 
 bool writes_weights(const Setup & setup) { return setup.definition.create_weighting_file == 1; }
