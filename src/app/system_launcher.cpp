@@ -82,7 +82,11 @@ struct Pipe {
     Pipe()
     {
         if (::pipe(ends) != 0) throw Fault("cannot start a process: " + std::generic_category().message(errno));
-        for (const int end : ends) ::fcntl(end, F_SETFD, FD_CLOEXEC);
+        for (int & end : ends) { // clear of the three streams, which the started program gets anew
+            const int low = end;
+            end = ::fcntl(low, F_DUPFD_CLOEXEC, 3);
+            ::close(low);
+        }
     }
     ~Pipe()
     {

@@ -1,7 +1,7 @@
 #include "app/shell_commands.h"
 #include "app/started_session.h"
 #include "batch/tiny_survey.h"
-#include "support/text.h"
+#include "rules/change_rules.h"
 
 namespace {
 
@@ -29,19 +29,16 @@ TEST(read_file, given_a_definition_picked_then_it_is_shown_and_the_whole_of_one_
     EXPECT_EQ(current_folder(), s.folder.path());
 
     EXPECT_EQ(s.read(s.definition, 4), Status::good);
-    EXPECT_EQ(s.control("Form_mag3d").caption, "3D inversion setup: tiny.inp");
     EXPECT_EQ(s.session.recent_files, Texts());
     EXPECT_EQ(s.read(s.definition), Status::good);
+    EXPECT_EQ(s.control("Form_mag3d").caption, "3D inversion setup: tiny.inp");
     EXPECT_EQ(s.session.recent_files, Texts{ s.definition });
     EXPECT_EQ(current_folder(), s.survey.folder.path());
-    EXPECT_EQ(s.dialogs.questions.back(), "Select the inversion definition file");
-    EXPECT_EQ(s.said(), Texts());
 }
 
 TEST(recent_file, given_one_that_has_vanished_then_it_is_looked_for)
 {
     SessionWithSurvey s;
-    add_file_to_MRU(s.session, s.definition, s.host);
     add_file_to_MRU(s.session, "tiny.inp", s.host); // in the current folder, where it is not
     EXPECT_EQ(press_recent_file(s.session, 0, s.host), Status::stopped);
     EXPECT_EQ(s.dialogs.questions, Texts{ "Locate the missing file: QVinv3D Input Parameter File" });
@@ -49,7 +46,6 @@ TEST(recent_file, given_one_that_has_vanished_then_it_is_looked_for)
     s.dialogs.picks = { s.definition };
     EXPECT_EQ(press_recent_file(s.session, 0, s.host), Status::good);
     EXPECT_EQ(s.said(), Texts{ "The definitions have been loaded" });
-    EXPECT_EQ(s.session.recent_files, (Texts{ s.definition, "tiny.inp" }));
     EXPECT_EQ(press_recent_file(s.session, 1, s.host), Status::good); // now the current folder has it
     EXPECT_EQ(s.session.recent_files, (Texts{ s.definition, "tiny.inp" }));
     EXPECT_THROW(static_cast<void>(press_recent_file(s.session, 2, s.host)), SubscriptFault);
@@ -62,72 +58,53 @@ TEST(save, given_a_definition_then_it_is_checked_before_the_dialog_and_saved_whe
     EXPECT_EQ(s.said().size(), 1U);
     EXPECT_EQ(s.dialogs.questions, Texts());
     EXPECT_EQ(s.read(s.definition), Status::good);
-    s.dialogs.questions.clear();
-    s.dialogs.picks = { s.folder.file("mine") };
+    s.dialogs.picks = { s.folder.file("mine"), s.folder.file("mine") };
     EXPECT_EQ(press_save(s.session, s.host), Status::good);
     EXPECT_EQ(s.folder.read("mine.inp").substr(0, 13), "Version 3.0\r\n");
     EXPECT_EQ(s.session.recent_files, (Texts{ s.folder.file("mine.inp"), s.definition }));
     EXPECT_EQ(current_folder(), s.survey.folder.path());
-
     s.folder.write("mine.inp", "other");
-    s.dialogs.picks = { s.folder.file("mine") };
-    EXPECT_EQ(press_save(s.session, s.host), Status::bad); // not overwritten
-    EXPECT_EQ(s.dialogs.questions.back(), "That file already, exists, overwrite?");
+    EXPECT_EQ(press_save(s.session, s.host), Status::bad); // the question is answered No
     EXPECT_EQ(s.folder.read("mine.inp"), "other");
 }
 
-TEST(make_folder, given_the_folder_boxes_then_the_first_that_is_missing_is_named_or_the_folder_made)
+TEST(folder_boxes, given_what_is_done_with_them_then_folders_are_made_and_the_boxes_follow_the_current_one)
 {
     StartedSession s;
-    const auto press = [&] { return press_make_folder(s.session, s.host); };
-    EXPECT_EQ(press(), Status::bad);
-    s.control("Dir1").text.clear();
-    EXPECT_EQ(press(), Status::bad);
-    s.control("Drive1").text.clear();
-    EXPECT_EQ(press(), Status::bad);
-    EXPECT_EQ(s.said(), (Texts{ "No output directory name has been specified", "No file location has been selected",
-                                "No drive has been selected" }));
-    s.control("Drive1").text = "\\";
-    s.control("Dir1").text = s.folder.path();
-    s.control("Text_directory_name").text = "a\\b";
-    for (int time = 0; time < 2; ++time) EXPECT_EQ(press(), Status::good); // one that is there stays
-    EXPECT_TRUE(s.folder.has("a\\b"));
-    s.folder.write("file", "");
-    s.control("Text_directory_name").text = "file\\b";
-    EXPECT_THROW(static_cast<void>(press()), FileFault);
-}
-
-TEST(working_folder, given_a_folder_chosen_or_taken_from_the_box_then_it_is_current_and_the_boxes_follow)
-{
-    StartedSession s;
-    for (const char * name : { "a", "a\\z", "a\\y", "b" }) make_folder_path(s.folder.file(name));
+    Control &drive = s.control("Drive1"), &location = s.control("Dir1");
+    s.control("Text_directory_name").text = "a\\z";
+    for (int time = 0; time < 2; ++time) EXPECT_EQ(press_make_folder(s.session, s.host), Status::good); // one that is there stays
     s.folder.write("a\\file", "");
-    EXPECT_EQ(press_working_directory(s.session, s.host), Status::stopped);
-    EXPECT_EQ(s.control("Dir1").text, s.folder.path());
     s.dialogs.picks = { s.folder.file("a") };
     EXPECT_EQ(press_working_directory(s.session, s.host), Status::good);
-    EXPECT_EQ(s.dialogs.questions.back(), "Select a Folder");
-    EXPECT_EQ(s.control("Dir1").text, s.folder.file("a"));
-    std::string below;
-    for (const ListItem & item : s.control("Dir1").items) below += item.text + " ";
-    EXPECT_EQ(below, "y z ");
-    EXPECT_EQ(chosen_text(s.control("Drive1")), "\\");
-
-    s.control("Dir1").text = s.folder.file("b");
+    EXPECT_EQ(location.text, s.folder.file("a"));
+    ASSERT_EQ(location.items.size(), 1U);
+    EXPECT_EQ(location.items[0].text, "z");
+    location.text = s.folder.path();
     EXPECT_EQ(press_set_current_folder(s.session, s.host), Status::good);
-    EXPECT_EQ(current_folder(), s.folder.file("b"));
+    EXPECT_EQ(current_folder(), s.folder.path());
+
+    drive.position = -1;
+    drive.text = "D:";
+    form_changed(s.session.setup, "Drive1", 0, s.host);
+    EXPECT_EQ(location.text, "D:\\");
+    s.control("Text_directory_name").text = " ";
+    for (Control * box : { &location, &drive, &drive }) {
+        EXPECT_EQ(press_make_folder(s.session, s.host), Status::bad);
+        box->text = " ";
+    }
+    EXPECT_EQ(s.said(), (Texts{ "No output directory name has been specified", "No file location has been selected",
+                                "No drive has been selected" }));
 }
 
 TEST(define_transform, given_one_defined_then_the_record_and_the_button_follow)
 {
     StartedSession s;
     EXPECT_EQ(press_define_transform(s.session, s.host), Status::stopped);
-    s.dialogs.defined_transform = PointTransform();
-    s.dialogs.defined_transform->x_origin = 5;
-    EXPECT_EQ(press_define_transform(s.session, s.host), Status::good);
-    EXPECT_EQ(s.session.setup.definition.coordinate_transform.x_origin, 5);
-    EXPECT_EQ(s.control("Command_define_coordinate_transform").back_colour, 255);
-    s.dialogs.defined_transform = PointTransform();
-    EXPECT_EQ(press_define_transform(s.session, s.host), Status::good);
-    EXPECT_EQ(s.control("Command_define_coordinate_transform").back_colour, Control::window_colour);
+    for (const double origin : { 5.0, 0.0 }) {
+        s.dialogs.defined_transform = PointTransform{ .x_origin = origin };
+        EXPECT_EQ(press_define_transform(s.session, s.host), Status::good);
+        EXPECT_EQ(s.session.setup.definition.coordinate_transform.x_origin, origin);
+        EXPECT_EQ(s.control("Command_define_coordinate_transform").back_colour, origin > 0 ? 255 : Control::window_colour);
+    }
 }

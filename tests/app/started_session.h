@@ -22,6 +22,5 @@ struct StartedSession : RecordedHost {
     ~StartedSession() { change_to_path(folder_before); }
 
     Control & control(const char * name, int index = 0) { return session.setup.form(name, index); }
-    /// What has been said since the last look.
-    Texts said() { return std::exchange(dialogs.messages, {}); }
+    Texts said() { return std::exchange(dialogs.messages, {}); } ///< since the last look
 };
