@@ -41,7 +41,8 @@ QImage image_of(const BackdropRaster & raster)
 
 QImage image_of(const Picture & picture)
 {
-    return QImage(picture.pixels.data(), picture.width, picture.height, picture.width * 4, QImage::Format_RGBA8888).copy();
+    return QImage(picture.pixels.data(), picture.width, picture.height, qsizetype{ 4 } * picture.width, QImage::Format_RGBA8888)
+        .copy();
 }
 
 bool is_dark(const QPalette & palette) { return palette.color(QPalette::Base).lightness() < 128; }

@@ -3,6 +3,7 @@
 #include "definition/enumerations.h"
 #include "rules/change_rules.h"
 #include "rules/data_columns.h"
+#include "rules/layout_rules.h"
 #include "rules/record_blocks.h"
 #include "rules/refined_boxes.h"
 #include "rules/solver_rules.h"
@@ -119,7 +120,7 @@ void initialise_inversion_form(Setup & setup, Host & host)
     const bool refined = setup.refinement_mode == 1;
     setup.form("menu_define_inversion_mode", 0).visible = refined;
     setup.form("menu_define_inversion_mode", 1).visible = !refined;
-    for (const char * frame : { "Frame_tiling_layout", "Frame_do_tile" }) setup.form[frame].visible = false;
+    press_done_tiling_layout(setup);
     setup.active_column_box = 0;
     show_bound_controls(setup, Block::tiles);
     show_variation(setup);

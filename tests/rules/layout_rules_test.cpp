@@ -193,4 +193,7 @@ TEST(layout_pointer, given_tiles_then_the_one_under_the_pointer_is_told_chosen_a
     given.expect("Check_do_tile = on");
     press_done_tiling_layout(given.setup);
     given.expect("Frame_do_tile hidden");
+    pause_in_tiling_layout(given.setup, given.host);
+    initialise_inversion_form(given.setup, given.host); // as for a definition that is opened meanwhile: it brings the pages back
+    given.expect("Frame_tiling_layout hidden; Tab_inversion shown");
 }
