@@ -62,6 +62,7 @@ public:
         return std::nullopt;
     }
     bool check_options(const std::string &, std::vector<CheckOption> &) override { return false; }
+    std::optional<PointTransform> define_transform(const PointTransform &) override { return std::nullopt; }
 
 private:
     std::string & messages_;

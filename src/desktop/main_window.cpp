@@ -26,6 +26,7 @@
 #include <QComboBox>
 #include <QDragEnterEvent>
 #include <QGroupBox>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPlainTextEdit>
@@ -276,7 +277,12 @@ void MainWindow::guarded(const std::function<void()> & action)
 void MainWindow::changed(const std::string & control, int index)
 {
     guarded([&] {
-        if (!waits_until_left(control)) form_changed(session_.setup, control, index, host_);
+        if (waits_until_left(control)) return;
+        try {
+            form_changed(session_.setup, control, index, host_);
+        } catch (const OverflowFault &) {
+            // The box is marked with these words while it is typed in; the check says them.
+        }
     });
     if (control != "Tab_inversion" && control != "Combo_view_limits") setWindowModified(true);
 }
@@ -296,6 +302,9 @@ void MainWindow::pressed(const std::string & control, int index)
 {
     const bool reads = control == "menu_file_list" || (control == "menu_read_file" && index == 0);
     const bool keeps = control == "menu_save" || (control == "Command_create_inversion" && index == 0);
+    // A shortcut leaves the box that is being typed in where it is.
+    if (auto * const box = qobject_cast<QLineEdit *>(focusWidget()); box && box->property("changed").toBool())
+        emit box->editingFinished();
     if (reads && !may_drop_changes()) return;
     guarded([&] {
         if (::press(session_, control, index, host_) == Status::good && (reads || keeps)) setWindowModified(false);
