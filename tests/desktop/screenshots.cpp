@@ -1,7 +1,6 @@
 // Writes a picture of every page and dialog of the form, filled from a definition, into a folder.
 
 #include "app/file_commands.h"
-#include "desktop/layout_panel.h"
 #include "desktop/main_window.h"
 #include "fakes/recorded_host.h"
 #include "support/paths.h"
@@ -16,12 +15,12 @@
 
 namespace {
 
-struct Picture {
+struct PagePicture {
     const char * name;
     int page;
 };
 
-constexpr Picture pictures[] = { { "1_solver", 0 },     { "2_data", 1 },  { "3_topography", 2 }, { "4_mesh", 3 },
+constexpr PagePicture pictures[] = { { "1_solver", 0 },     { "2_data", 1 },  { "3_topography", 2 }, { "4_mesh", 3 },
                                  { "5_parameters", 4 }, { "6_tiles", 5 }, { "7_create", 6 } };
 
 void save(QWidget & window, const QString & folder, const QString & name)
@@ -43,7 +42,7 @@ int main(int argument_count, char ** arguments)
     QDir().mkpath(folder);
     QApplication application(argument_count, arguments);
     std::setlocale(LC_NUMERIC, "C");
-    NoSettings settings;
+    KeptSettings settings;
     RecordedLauncher launcher;
     RecordedDialogs dialogs;
     MainWindow window(settings, launcher, &dialogs);
@@ -51,7 +50,7 @@ int main(int argument_count, char ** arguments)
     window.show();
     window.open_definition(definition);
     auto & pages = *window.findChild<QTabWidget *>(QStringLiteral("Tab_inversion"));
-    for (const Picture & picture : pictures) {
+    for (const PagePicture & picture : pictures) {
         pages.setTabVisible(picture.page, true);
         pages.setCurrentIndex(picture.page);
         save(window, folder, QLatin1String(picture.name));
@@ -61,6 +60,8 @@ int main(int argument_count, char ** arguments)
     window.press("Command_done_tiling_layout");
     window.press("Command_checklist");
     save(window, folder, QStringLiteral("9_checklist"));
+    if (const QStringList unjoined = window.view().unjoined(); !unjoined.isEmpty())
+        std::printf("not joined:\n%s\n", qPrintable(unjoined.join(QLatin1Char('\n'))));
     for (const std::string & message : dialogs.messages) std::printf("message: %s\n", message.c_str());
     return 0;
 }
