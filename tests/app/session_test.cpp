@@ -63,8 +63,8 @@ TEST(recent_files, given_what_the_settings_hold_when_started_then_what_is_there_
 TEST(session, given_the_end_of_a_run_then_the_next_starts_in_its_folder_unless_that_has_gone)
 {
     StartedSession s;
-    const std::string work = s.folder.file("work"), other = s.folder.path();
-    make_folder_path(work);
+    const std::string work = s.folder.file("work"), other = s.folder.file("other");
+    for (const std::string & folder : { work, other }) make_folder_path(folder);
     s.session.temporary_files = { s.folder.write("~copy.inp", ""), s.folder.write("mine.inp", "") };
     change_to_path(work);
     end_session(s.session, s.host);
