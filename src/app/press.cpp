@@ -35,25 +35,8 @@ Status show_checklist(Session & session, int, Host &)
     return Status::good;
 }
 
-/// A creation that waits for the user to look at its tiles shows them.
-Status create(Session & session, int index, Host & host)
-{
-    const Status status = press_create_inversion(session, index, host);
-    if (status != Status::good || !session.paused) return status;
-    constexpr bool keep_view = true;
-    return display_tiling_layout(session.setup, keep_view, host);
-}
-
-/// The layout closes first: the run shows on the pages behind it.
-Status continue_tile(Session & session, int, Host & host)
-{
-    press_done_tiling_layout(session.setup);
-    return press_continue_tile(session, host);
-}
-
 Status cancel_tile(Session & session, int, Host &)
 {
-    press_done_tiling_layout(session.setup);
     press_cancel_tile(session);
     return Status::good;
 }
@@ -131,8 +114,8 @@ constexpr Command commands[] = {
     { "Command_view_tiling", [](Session & s, int, Host & host) { return press_view_tiling(s.setup, host); } },
     { "Command_done_tiling_layout", &close_layout },
     // creation and run
-    { "Command_create_inversion", &create },
-    { "Command_continue_tile", &continue_tile },
+    { "Command_create_inversion", &press_create_inversion },
+    { "Command_continue_tile", &without_index<press_continue_tile> },
     { "Command_cancel_tile", &cancel_tile },
     { "Command_start_inversion", &without_index<press_start_inversion> },
 };

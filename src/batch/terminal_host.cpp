@@ -71,6 +71,13 @@ bool TerminalDialogs::question(const std::string & text)
     return answer_yes;
 }
 
+std::optional<std::string> TerminalDialogs::input(const std::string &, const std::string & prompt, const std::string &)
+{
+    progress_.clear_bar();
+    std::fprintf(stderr, "question: %s -> cancelled\n", joined(prompt).c_str());
+    return std::nullopt;
+}
+
 TerminalProgress::TerminalProgress() : on_terminal_(standard_error_is_terminal()) {}
 
 void TerminalProgress::end() { clear_bar(); }

@@ -38,10 +38,7 @@ public:
     std::optional<std::string> open_file(const FileDialog &) override { return std::nullopt; }
     std::optional<std::string> save_file(const FileDialog &) override { return std::nullopt; }
     std::optional<std::string> choose_folder(const std::string &, const std::string &) override { return std::nullopt; }
-    std::optional<std::string> input(const std::string &, const std::string &, const std::string &) override
-    {
-        return std::nullopt;
-    }
+    std::optional<std::string> input(const std::string & title, const std::string & prompt, const std::string & start) override;
     bool check_options(const std::string &, std::vector<CheckOption> &) override { return false; }
     std::optional<PointTransform> define_transform(const PointTransform &) override { return std::nullopt; }
 
