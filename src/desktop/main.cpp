@@ -16,6 +16,7 @@ int main(int argument_count, char ** arguments)
     FileSettings settings;
     SystemLauncher launcher(settings);
     MainWindow window(settings, launcher);
+    for (const QString & fault : window.view().unjoined()) qWarning("%s", qPrintable(fault));
     window.show();
     if (argument_count > 1) window.open_definition(definition_path(std::filesystem::absolute(arguments[1])));
     return QApplication::exec();

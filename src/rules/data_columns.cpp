@@ -1,6 +1,7 @@
 #include "rules/data_columns.h"
 
 #include "grid/grid_detection.h"
+#include "support/answers_within.h"
 #include "support/fault.h"
 #include "support/numbers.h"
 #include "support/paths.h"
@@ -160,7 +161,7 @@ std::string first_lines(const std::string & path)
 std::string look_at(const std::string & path, int slot, std::int32_t & kind)
 {
     kind = text_kind;
-    if (trim(path).empty()) return "";
+    if (trim(path).empty() || !path_answers(path)) return "";
     if (slot > 0 && is_grid_file(path)) {
         kind = grid_kind;
         return "";

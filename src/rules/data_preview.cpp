@@ -5,6 +5,7 @@
 #include "grid/grid_source.h"
 #include "rules/data_columns.h"
 #include "rules/validation.h"
+#include "support/answers_within.h"
 #include "support/fault.h"
 #include "support/missing.h"
 #include "support/numbers.h"
@@ -140,7 +141,9 @@ void look_at(const Setup & setup, int slot, DataPreview & preview)
 {
     const std::string & path = setup.definition.data_file.at(static_cast<std::size_t>(slot));
     if (trim(path).empty()) return;
-    if (find_file(path).empty())
+    if (!path_answers(path))
+        preview.summary = "The place of the file does not answer: " + path;
+    else if (find_file(path).empty())
         preview.summary = "The file does not exist: " + path;
     else if (has_columns(slot) && is_database(path))
         preview.summary = database_fault(path);

@@ -1,5 +1,7 @@
 #include "support/answers_within.h"
 
+#include "support/paths.h"
+
 #include <algorithm>
 #include <condition_variable>
 #include <memory>
@@ -39,4 +41,9 @@ std::vector<std::optional<bool>> answers_within(std::chrono::milliseconds limit,
     std::unique_lock lock(answers->access);
     answers->changed.wait_for(lock, limit, [&] { return std::ranges::all_of(answers->given, &std::optional<bool>::has_value); });
     return answers->given;
+}
+
+bool path_answers(const std::string & path)
+{
+    return answers_within(std::chrono::milliseconds(500), { [path] { return !find_file(path).empty(); } })[0].has_value();
 }
