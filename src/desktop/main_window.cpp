@@ -55,16 +55,16 @@ void add_page(QTabWidget & tabs, const QString & title)
 /// A menu item; its name joins it to its control.
 struct Item {
     const char * name; ///< empty: a line
-    const char * text;
+    const char * text; ///< empty: the form's
     const char * shortcut = "";
 };
 
+constexpr Item read_items[] = {
+    { "menu_read_file_0", "", "Ctrl+O" }, { "menu_read_file_1", "" }, { "menu_read_file_2", "" },
+    { "menu_read_file_3", "" },           { "menu_read_file_4", "" },
+};
+
 constexpr Item file_items[] = {
-    { "menu_read_file_0", "&Open definition...", "Ctrl+O" },
-    { "menu_read_file_1", "Open &parameters only..." },
-    { "menu_read_file_2", "Open o&bserved data only..." },
-    { "menu_read_file_3", "Open &topography only..." },
-    { "menu_read_file_4", "Open &mesh only..." },
     { "menu_save", "&Save definition...", "Ctrl+S" },
     { "", "" },
     { "menu_working_directory", "&Working folder..." },
@@ -80,8 +80,8 @@ constexpr Item file_items[] = {
 };
 
 constexpr Item mode_items[] = {
-    { "menu_define_inversion_mode_0", "Switch to &Standard Mode" },
-    { "menu_define_inversion_mode_1", "Switch to &Refinement Mode..." },
+    { "menu_define_inversion_mode_0", "" },
+    { "menu_define_inversion_mode_1", "" },
 };
 
 void add_items(QMenu & menu, std::span<const Item> items)
@@ -90,7 +90,7 @@ void add_items(QMenu & menu, std::span<const Item> items)
         auto * const action = new QAction(QString::fromLatin1(item.text), &menu);
         action->setObjectName(QString::fromLatin1(item.name));
         action->setShortcut(QKeySequence(QString::fromLatin1(item.shortcut)));
-        action->setSeparator(*item.text == 0 && !action->objectName().startsWith(QLatin1String("menu_file_list")));
+        action->setSeparator(*item.name == 0 || action->objectName() == QLatin1String("menu_sep_file"));
         menu.addAction(action);
     }
 }
@@ -154,7 +154,9 @@ void MainWindow::build()
 
 void MainWindow::build_menus()
 {
-    add_items(*menuBar()->addMenu(tr("&File")), file_items);
+    QMenu & files = *menuBar()->addMenu(tr("&File"));
+    add_items(*files.addMenu(tr("&Open definition")), read_items);
+    add_items(files, file_items);
     add_items(*menuBar()->addMenu(tr("&Mode")), mode_items);
     QMenu & pages = *menuBar()->addMenu(tr("&View"));
     for (int page = 0; page < pages_->count(); ++page)

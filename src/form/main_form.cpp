@@ -192,6 +192,16 @@ constexpr ControlRow control_rows[] = {
     { "ProgressBar_load_ubc_model" },
 };
 
+/// The words of the menu items that stand for a choice.
+void caption_menus(Form & form)
+{
+    constexpr const char * selections[] = { "All Defintions", "Inversion Parameters", "Observed Data", "Topo Data",
+                                            "Mesh Defintions" };
+    constexpr const char * modes[] = { "Switch to Standard Mode", "Switch to Refinement Mode" };
+    for (int i = 0; i < 5; ++i) form("menu_read_file", i).caption = selections[i];
+    for (int i = 0; i < 2; ++i) form("menu_define_inversion_mode", i).caption = modes[i];
+}
+
 }
 
 Form make_main_form()
@@ -199,6 +209,7 @@ Form make_main_form()
     Form form;
     for (const ControlRow & row : control_rows) form.add(row.name, row.count);
     for (const int unused : { 8, 9 }) form("UpDown_clip", unused).visible = false;
+    caption_menus(form);
     form["Form_mag3d"].caption = "3D Mag/Gravity Inversion Setup Utility";
     return form;
 }

@@ -4,6 +4,7 @@
 #include "rules/change_rules.h"
 #include "rules/data_columns.h"
 #include "rules/layout_rules.h"
+#include "rules/mesh_boxes.h"
 #include "rules/record_blocks.h"
 #include "rules/refined_boxes.h"
 #include "rules/solver_rules.h"
@@ -131,6 +132,7 @@ void show_mesh(Setup & setup)
 {
     Form & form = setup.form;
     const InversionDefinition & mesh = setup.definition;
+    clear_mesh_totals(setup);
     for (int axis = 0; axis < 3; ++axis) {
         const auto at = static_cast<std::size_t>(axis);
         form("Text_min_val", axis).text = general_text(mesh.mesh_min[at]);

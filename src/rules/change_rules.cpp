@@ -54,9 +54,8 @@ void change_topo_type(Setup & setup, int index, Host &)
 /// Another drive: the location is all of it.
 void change_drive(Setup & setup, int, Host &)
 {
-    Control & drive = setup.form["Drive1"];
-    if (drive.position >= 0) drive.text = chosen_text(drive);
-    setup.form["Dir1"].text = trim(drive.text).empty() ? "" : with_backslash(std::string(trim(drive.text)));
+    const std::string drive(trim(setup.form["Drive1"].text));
+    setup.form["Dir1"].text = drive.empty() ? "" : with_backslash(drive);
 }
 
 void change_inversion_mode(Setup & setup, int, Host &)

@@ -3,6 +3,7 @@
 #include "rules/change_rules.h"
 #include "rules/data_columns.h"
 #include "support/numbers.h"
+#include "support/paths.h"
 #include "support/text.h"
 
 #include <algorithm>
@@ -10,6 +11,7 @@
 namespace {
 
 constexpr const char * data_box = "Text_data_locations";
+constexpr const char * location_box = "Dir1";
 constexpr int topography = 1;
 
 constexpr const char * grids = "Grid Files (*.grd;*.ers)|*.grd;*.ers|All files (*.*)|*.*";
@@ -87,15 +89,30 @@ void take_data_file(Setup & setup, int slot, const std::string & name)
     display_location_column_definitions(setup, slot);
 }
 
+/// The folder in which that of the inversion is made; the drive follows.
+void pick_location(Form & form, Host & host)
+{
+    const auto picked = host.dialogs.choose_folder("Select a Folder", std::string(trim(form[location_box].text)));
+    if (!picked) return;
+    const std::string drive = drive_of_path(*picked);
+    form["Drive1"].text = drive.empty() ? "\\" : drive;
+    form[location_box].text = *picked;
+}
+
 }
 
 bool is_file_box(std::string_view control)
 {
-    return std::ranges::any_of(file_boxes, [&](const FileBox & row) { return row.control == control; });
+    return control == location_box ||
+           std::ranges::any_of(file_boxes, [&](const FileBox & row) { return row.control == control; });
 }
 
 void pick_file(Setup & setup, std::string_view control, int index, Host & host)
 {
+    if (control == location_box) {
+        pick_location(setup.form, host);
+        return;
+    }
     const FileBox * box = find_file_box(setup, control, index);
     if (box == nullptr) return;
     const auto picked = host.dialogs.open_file({ box->title, box->filter, start_of(setup.form(control, index).text), "" });

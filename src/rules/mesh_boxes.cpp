@@ -171,6 +171,14 @@ void show_outer_limits(Setup & setup)
     show(setup, "Text_range_elev", padding + (mesh.mesh_z_top - mesh.mesh_z_bottom));
 }
 
+void clear_mesh_totals(Setup & setup)
+{
+    clear_count_boxes(setup);
+    for (const char * box : { "Text_min_east", "Text_max_east", "Text_range_east", "Text_min_north", "Text_max_north",
+                              "Text_range_north", "Text_min_elev", "Text_max_elev", "Text_range_elev" })
+        setup.form[box].text.clear();
+}
+
 Status take_mesh_boxes(Setup & setup, int axis, bool keep_maximum, Host & host)
 {
     const std::vector<int> axes = axes_of(axis);

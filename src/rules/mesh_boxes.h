@@ -19,6 +19,9 @@ void display_inversion_mesh(Setup & setup);
 /// Shows the limits of the mesh with its padding, while padding is on.
 void show_outer_limits(Setup & setup);
 
+/// Empties the boxes of totals and of limits with padding, which tell of the mesh as it was last taken from the form.
+void clear_mesh_totals(Setup & setup);
+
 /// Builds the design mesh from the record and shows it, in refined mode with its tiles. Bad when an axis has no cell, and, after
 /// a message, when a refined volume does not fit into its base mesh. Lets run-time faults through.
 Status build_design_mesh(Setup & setup, Host & host);

@@ -103,6 +103,15 @@ void show_visibility(Setup & setup, std::size_t column)
     }
 }
 
+/// A sign constraint that the solver's own list does not have would be written all the same, and shown nowhere.
+void drop_unlisted_positivity(Setup & setup)
+{
+    Control & list = setup.form["Combo_positivity"];
+    if (setup.definition.positivity < static_cast<std::int32_t>(list.items.size())) return;
+    choose_position(list, 0);
+    store_bound_control(setup, "Combo_positivity", 0);
+}
+
 void drop_variation(Setup & setup)
 {
     setup.form["Check_update_data_files"].on = false;
@@ -152,6 +161,7 @@ void change_method(Setup & setup)
     show_solver(setup);
     setup.form["Combo_alpha_method"].position = alpha_rows[column_of(setup)].position;
     store_bound_control(setup, "Combo_alpha_method", 0);
+    if (definition.inversion_method == gravity_v2) drop_unlisted_positivity(setup);
     if (inversion_method_of(definition.inversion_method).family == MethodFamily::own && !setup.loading)
         change_data_type(setup, 0);
 }

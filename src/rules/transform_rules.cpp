@@ -124,6 +124,7 @@ void propose_second_point(PointTransform & t)
 Status reset(TransformSetup & setup, Host &)
 {
     reset_point_transform(setup.transform);
+    setup.page = 0; // it holds no two points, and the page of points would be refused when it is left
     return Status::good;
 }
 

@@ -10,6 +10,15 @@ Texts words_of(const std::string & line)
 
 }
 
+TEST(start_session, given_nothing_then_the_menus_name_their_choices)
+{
+    StartedSession s;
+    Texts captions;
+    for (int i = 0; i < 5; ++i) captions.push_back(s.control("menu_read_file", i).caption);
+    EXPECT_EQ(captions, (Texts{ "All Defintions", "Inversion Parameters", "Observed Data", "Topo Data", "Mesh Defintions" }));
+    EXPECT_EQ(s.control("menu_define_inversion_mode", 1).caption, "Switch to Refinement Mode");
+}
+
 TEST(recent_files, given_files_opened_one_by_one_then_the_newest_stands_first_and_once)
 {
     const std::pair<const char *, const char *> cases[] = {

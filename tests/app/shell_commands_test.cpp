@@ -2,6 +2,7 @@
 #include "app/started_session.h"
 #include "batch/tiny_survey.h"
 #include "rules/change_rules.h"
+#include "rules/file_boxes.h"
 
 namespace {
 
@@ -84,10 +85,12 @@ TEST(folder_boxes, given_what_is_done_with_them_then_folders_are_made_and_the_bo
     EXPECT_EQ(press_set_current_folder(s.session, s.host), Status::good);
     EXPECT_EQ(current_folder(), s.folder.path());
 
-    drive.position = -1;
     drive.text = "D:";
     form_changed(s.session.setup, "Drive1", 0, s.host);
     EXPECT_EQ(location.text, "D:\\");
+    s.dialogs.picks = { s.folder.file("a") };
+    pick_file(s.session.setup, "Dir1", 0, s.host);
+    EXPECT_EQ(location.text, s.folder.file("a"));
     s.control("Text_directory_name").text = " ";
     for (Control * box : { &location, &drive, &drive }) {
         EXPECT_EQ(press_make_folder(s.session, s.host), Status::bad);

@@ -97,9 +97,11 @@ TEST(press_transform, given_invert_or_reset_then_the_boxes_show_it)
     EXPECT_EQ(Texts({ dialog.text("Text_original_y2"), dialog.text("Text_new_x2") }), Texts({ "120.0000", "100.0000" }));
     ASSERT_EQ(change_transform_page(dialog.setup, 0, dialog.host), Status::good);
     EXPECT_EQ(dialog.text("Text_rotang"), "90.0000"); // back to the east, clockwise
+    ASSERT_EQ(change_transform_page(dialog.setup, 1, dialog.host), Status::good);
     ASSERT_EQ(press_transform(dialog.setup, "Command_reset", dialog.host), Status::good);
     EXPECT_EQ(dialog.setup.transform, PointTransform());
     EXPECT_EQ(dialog.text("Text_xscale"), "1.00000000");
+    EXPECT_EQ(apply_transform_page(dialog.setup, dialog.host), Status::good); // no transform can be taken from either page
 }
 
 TEST(press_transform, given_a_file_then_it_is_saved_as_typed_and_loaded_on_the_page_of_points)
