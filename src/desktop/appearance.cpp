@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPainterPath>
-#include <QStyle>
-#include <QStyleFactory>
+#include <QProxyStyle>
+#include <QStyleOption>
 #include <QToolTip>
 #include <cmath>
 #include <initializer_list>
@@ -68,6 +68,32 @@ QIcon icon_of(QPixmap (*draw)(int), std::initializer_list<int> sizes)
     return icon;
 }
 
+/// Titles of groups in bold, which a font of the group would hand on to all that it holds. The same style on all systems, as it
+/// alone takes dark colours on each.
+class FormStyle : public QProxyStyle {
+public:
+    FormStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    int styleHint(StyleHint hint, const QStyleOption * option, const QWidget * widget, QStyleHintReturn * data) const override
+    {
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons ? 0 : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex * option, QPainter * painter,
+                            const QWidget * widget) const override
+    {
+        const auto * const group = qstyleoption_cast<const QStyleOptionGroupBox *>(option);
+        if (control != CC_GroupBox || group == nullptr)
+            return QProxyStyle::drawComplexControl(control, option, painter, widget);
+        QFont font = painter->font();
+        font.setBold(true);
+        painter->setFont(font);
+        QStyleOptionGroupBox bold = *group;
+        bold.fontMetrics = QFontMetrics(font);
+        QProxyStyle::drawComplexControl(control, &bold, painter, widget);
+    }
+};
+
 QPalette dark_palette()
 {
     QPalette palette(QColor(0x35, 0x39, 0x3e), QColor(0x2a, 0x2d, 0x31));
@@ -101,16 +127,10 @@ QIcon fault_sign()
 void apply_look(const std::string & look)
 {
     static const QPalette of_the_system = QApplication::palette();
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(new FormStyle);
     QPalette palette = of_the_system;
     if (look == "light") palette = QApplication::style()->standardPalette();
     if (look == "dark") palette = dark_palette();
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
-    QFont title = QApplication::font();
-    title.setBold(true);
-    QApplication::setFont(title, "QGroupBox");
-    // Only the titles of the groups: what they hold is written as elsewhere.
-    for (const char * held : { "QLabel", "QLineEdit", "QComboBox", "QAbstractButton", "QPlainTextEdit", "QTabWidget", "QProgressBar" })
-        QApplication::setFont(QFont(QApplication::font()), held);
 }

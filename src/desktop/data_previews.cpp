@@ -42,7 +42,7 @@ QTableWidgetItem * heading(const QTableWidget & table, const DataPreview & previ
     QFont font = table.font();
     font.setBold(!use.empty());
     item->setFont(font);
-    if (use.empty()) item->setForeground(table.palette().brush(QPalette::Disabled, QPalette::Text));
+    if (use.empty()) item->setForeground(table.palette().brush(QPalette::PlaceholderText));
     return item;
 }
 

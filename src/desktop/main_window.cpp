@@ -165,8 +165,7 @@ void MainWindow::build_menus()
     add_items(*menuBar()->addMenu(tr("&Mode")), mode_items);
     QMenu & pages = *menuBar()->addMenu(tr("&View"));
     for (int page = 0; page < pages_->count(); ++page)
-        pages.addAction(pages_->tabText(page), QKeySequence(QStringLiteral("Ctrl+%1").arg(page + 1)), this,
-                        [this, page] { pages_->setCurrentIndex(page); });
+        page_items_ << pages.addAction(pages_->tabText(page), this, [this, page] { pages_->setCurrentIndex(page); });
     pages.addSeparator();
     add_looks(*pages.addMenu(tr("&Colours")));
     QMenu & help = *menuBar()->addMenu(tr("&Help"));
@@ -196,13 +195,13 @@ void MainWindow::build_pages()
 {
     pages_ = new QTabWidget;
     pages_->setObjectName(QStringLiteral("Tab_inversion"));
-    add_page<Ui::page_solver>(*pages_, tr("1 Solver"));
-    add_page<Ui::page_data>(*pages_, tr("2 Data"));
-    add_page<Ui::page_topography>(*pages_, tr("3 Topography"));
-    add_page<Ui::page_mesh>(*pages_, tr("4 Mesh"));
-    add_page<Ui::page_parameters>(*pages_, tr("5 Parameters"));
-    add_page<Ui::page_tiles>(*pages_, tr("6 Tiles"));
-    add_page<Ui::page_create>(*pages_, tr("7 Create and run"));
+    add_page<Ui::page_solver>(*pages_, tr("Solver"));
+    add_page<Ui::page_data>(*pages_, tr("Data"));
+    add_page<Ui::page_topography>(*pages_, tr("Topography"));
+    add_page<Ui::page_mesh>(*pages_, tr("Mesh"));
+    add_page<Ui::page_parameters>(*pages_, tr("Parameters"));
+    add_page<Ui::page_tiles>(*pages_, tr("Tiles"));
+    add_page<Ui::page_create>(*pages_, tr("Create and run"));
     follow_boxes(*pages_);
     written_into_ = pages_->findChild<QLabel *>(QStringLiteral("written_into"));
 }
@@ -250,13 +249,28 @@ void MainWindow::refresh()
 {
     if (!view_) return;
     const Setup & setup = session_.setup;
-    pages_->setTabVisible(tiles_page, setup.refinement_mode == 1);
+    number_pages(setup.refinement_mode == 1);
     view_->show();
     view_->show_faults([&setup](const std::string & control, int index) { return box_fault(setup, control, index); });
     if (!display_progress_.in_command()) previews_->show(setup);
     layout_->show_layout(setup);
     show_column_names();
     written_into_->setText(QString::fromStdString(output_folder_of(setup.form)));
+}
+
+/// The pages that there are bear the numbers of the steps, by which keys reach them.
+void MainWindow::number_pages(bool refined)
+{
+    pages_->setTabVisible(tiles_page, refined);
+    int number = 0;
+    for (int page = 0; page < pages_->count(); ++page) {
+        QAction & item = *page_items_[page];
+        item.setVisible(pages_->isTabVisible(page));
+        item.setShortcut({});
+        if (!item.isVisible()) continue;
+        pages_->setTabText(page, QStringLiteral("%1 %2").arg(++number).arg(item.text()));
+        item.setShortcut(QKeySequence(QStringLiteral("Ctrl+%1").arg(number)));
+    }
 }
 
 /// The open list of names lies over the box that it fills.
@@ -321,6 +335,7 @@ void MainWindow::pressed(const std::string & control, int index)
     if (auto * const box = qobject_cast<QLineEdit *>(focusWidget()); box && box->property("changed").toBool())
         emit box->editingFinished();
     if (reads && !may_drop_changes()) return;
+    statusBar()->clearMessage();
     guarded([&] {
         if (::press(session_, control, index, host_) != Status::good) return;
         if (reads || keeps) setWindowModified(false);

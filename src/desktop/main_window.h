@@ -51,6 +51,7 @@ private:
     /// Runs what an event leads to, unless a command is running already; a fault that nobody handled is shown, and then the form.
     void guarded(const std::function<void()> & action);
 
+    void number_pages(bool refined);
     void show_column_names();
     void show_running(bool running);
     bool may_drop_changes();
@@ -70,6 +71,7 @@ private:
     Host host_;
 
     QTabWidget * pages_ = nullptr;
+    QList<QAction *> page_items_; ///< one per page
     LayoutPanel * layout_ = nullptr;
     QLabel * step_ = nullptr;
     QLabel * written_into_ = nullptr;
