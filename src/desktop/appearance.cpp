@@ -83,8 +83,7 @@ public:
                             const QWidget * widget) const override
     {
         const auto * const group = qstyleoption_cast<const QStyleOptionGroupBox *>(option);
-        if (control != CC_GroupBox || group == nullptr)
-            return QProxyStyle::drawComplexControl(control, option, painter, widget);
+        if (control != CC_GroupBox || group == nullptr) return QProxyStyle::drawComplexControl(control, option, painter, widget);
         QFont font = painter->font();
         font.setBold(true);
         painter->setFont(font);
@@ -96,8 +95,8 @@ public:
 
 QPalette dark_palette()
 {
-    QPalette palette(QColor(0x35, 0x39, 0x3e), QColor(0x2a, 0x2d, 0x31));
-    palette.setColor(QPalette::Base, QColor(0x1e, 0x20, 0x23));
+    QPalette palette(QColor(0x48, 0x4d, 0x53), QColor(0x33, 0x37, 0x3c));
+    palette.setColor(QPalette::Base, QColor(0x1d, 0x1f, 0x22));
     palette.setColor(QPalette::AlternateBase, QColor(0x25, 0x28, 0x2b));
     palette.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xb3));
     palette.setColor(QPalette::HighlightedText, Qt::white);
@@ -114,15 +113,9 @@ QPalette dark_palette()
 
 }
 
-QIcon program_icon()
-{
-    return icon_of(&program_pixmap, { 16, 24, 32, 48, 64, 128, 256 });
-}
+QIcon program_icon() { return icon_of(&program_pixmap, { 16, 24, 32, 48, 64, 128, 256 }); }
 
-QIcon fault_sign()
-{
-    return icon_of(&fault_pixmap, { 16, 32, 48 });
-}
+QIcon fault_sign() { return icon_of(&fault_pixmap, { 16, 32, 48 }); }
 
 void apply_look(const std::string & look)
 {
@@ -131,6 +124,9 @@ void apply_look(const std::string & look)
     QPalette palette = of_the_system;
     if (look == "light") palette = QApplication::style()->standardPalette();
     if (look == "dark") palette = dark_palette();
+    if (palette.color(QPalette::Base).lightness() > 128) // what cannot be changed is still to be read
+        for (const auto role : { QPalette::WindowText, QPalette::Text, QPalette::ButtonText })
+            palette.setColor(QPalette::Disabled, role, QColor(0x85, 0x85, 0x85));
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
 }

@@ -11,9 +11,8 @@
 namespace {
 
 constexpr int observed_slot = 0, topography_slot = 1, first_grid_slot = 2;
-constexpr const char * column_boxes[] = { "Text_UBC_locations_xpos_", "Text_UBC_locations_ypos_", "Text_UBC_locations_zpos_",
-                                          "Text_UBC_locations_magpos_", "Text_UBC_locations_lpos",
-                                          "Text_UBC_locations_valpos" };
+constexpr const char * column_boxes[] = { "Text_UBC_locations_xpos_",   "Text_UBC_locations_ypos_", "Text_UBC_locations_zpos_",
+                                          "Text_UBC_locations_magpos_", "Text_UBC_locations_lpos",  "Text_UBC_locations_valpos" };
 
 QString shown(const std::string & text) { return QString::fromStdString(text); }
 
@@ -42,7 +41,7 @@ QTableWidgetItem * heading(const QTableWidget & table, const DataPreview & previ
     QFont font = table.font();
     font.setBold(!use.empty());
     item->setFont(font);
-    if (use.empty()) item->setForeground(table.palette().brush(QPalette::PlaceholderText));
+    if (use.empty()) item->setForeground(QColor(0x88, 0x88, 0x88));
     return item;
 }
 
@@ -91,10 +90,9 @@ std::string state_of(const Setup & setup, int slot)
     const InversionDefinition & d = setup.definition;
     std::string state = d.data_file[at] + "|" + general_text(d.data_kind[at]);
     if (slot >= first_grid_slot) return state;
-    for (const std::int32_t number :
-         { d.data_first_line[at], d.data_name_line[at], d.data_x_column[at], d.data_y_column[at], d.data_z_column[at],
-           d.data_value_column[0], d.data_value_column[1], d.data_value_column[2], d.data_line_column,
-           d.data_extra_value_column })
+    for (const std::int32_t number : { d.data_first_line[at], d.data_name_line[at], d.data_x_column[at], d.data_y_column[at],
+                                       d.data_z_column[at], d.data_value_column[0], d.data_value_column[1],
+                                       d.data_value_column[2], d.data_line_column, d.data_extra_value_column })
         state += "|" + general_text(number);
     return state;
 }
@@ -116,7 +114,8 @@ DataPreviews::DataPreviews(QWidget & root)
         dress(*pane.table);
     }
     for (auto * const box : root.findChildren<QLineEdit *>())
-        if (std::ranges::any_of(column_boxes, [box](const char * name) { return box->objectName().startsWith(QLatin1String(name)); }))
+        if (std::ranges::any_of(column_boxes,
+                                [box](const char * name) { return box->objectName().startsWith(QLatin1String(name)); }))
             follow_name(*box);
 }
 

@@ -87,7 +87,6 @@ bool DesktopDialogs::check_options(const std::string & title, std::vector<CheckO
     QDialog dialog(&parent_);
     dialog.setWindowTitle(shown(title));
     QVBoxLayout layout(&dialog);
-    layout.setSizeConstraint(QLayout::SetMinimumSize);
     dialog.setMinimumWidth(dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()) + 160); // the title is read whole
     std::vector<QCheckBox *> boxes;
     for (const CheckOption & option : options) {
@@ -96,7 +95,6 @@ bool DesktopDialogs::check_options(const std::string & title, std::vector<CheckO
         boxes.back()->setChecked(option.on);
         layout.addWidget(boxes.back());
     }
-    layout.addStretch();
     layout.addSpacing(dialog.fontMetrics().height() / 2);
     QDialogButtonBox buttons(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
     layout.addWidget(&buttons);

@@ -14,10 +14,10 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
+#include <QHash>
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
-
 #include <clocale>
 #include <cstdio>
 #include <filesystem>
@@ -29,12 +29,14 @@ struct PagePicture {
     int page;
 };
 
-constexpr PagePicture pages[] = { { "1_solver", 0 }, { "2_data", 1 },       { "3_topography", 2 },
-                                  { "4_mesh", 3 },   { "5_parameters", 4 }, { "7_create", 6 } };
+constexpr PagePicture pages[] = {
+    { "1_solver", 0 }, { "2_data", 1 }, { "3_topography", 2 }, { "4_mesh", 3 }, { "5_parameters", 4 }
+};
 
 /// 20 x 20 x 8 cells of 500 m with padding round the survey: a mesh that a first, coarse inversion would have had.
-constexpr const char * base_mesh = "24 24 8\r\n448500 7549500 350\r\n1000 2*750 18*500 2*750 1000\r\n1000 2*750 18*500 2*750 1000\r\n"
-                                   "4*250 2*400 2*600\r\n";
+constexpr const char * base_mesh =
+    "24 24 8\r\n448500 7549500 350\r\n1000 2*750 18*500 2*750 1000\r\n1000 2*750 18*500 2*750 1000\r\n"
+    "4*250 2*400 2*600\r\n";
 
 /// Answers from a script, but for the dialog of options, which is really shown.
 struct PictureDialogs : RecordedDialogs {
@@ -45,6 +47,28 @@ struct PictureDialogs : RecordedDialogs {
         return DesktopDialogs(*parent).check_options(title, options);
     }
 };
+
+/// The same picture with a table of its colours where they are few, which makes a file much smaller.
+QImage with_few_colours(const QImage & image)
+{
+    constexpr int most_colours = 256;
+    QHash<QRgb, int> places;
+    QImage indexed(image.size(), QImage::Format_Indexed8);
+    for (int y = 0; y < image.height(); ++y) {
+        const auto * const pixels = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const auto place = places.constFind(pixels[x]);
+            const int index = place == places.constEnd() ? static_cast<int>(places.size()) : *place;
+            if (index == most_colours) return image;
+            if (place == places.constEnd()) places.insert(pixels[x], index);
+            indexed.scanLine(y)[x] = static_cast<uchar>(index);
+        }
+    }
+    QList<QRgb> table(places.size());
+    for (auto place = places.constBegin(); place != places.constEnd(); ++place) table[*place] = place.key();
+    indexed.setColorTable(table);
+    return indexed;
+}
 
 class Camera {
 public:
@@ -81,7 +105,8 @@ public:
     {
         window_.press("Command_view_tiling");
         auto & panel = *window_.findChild<LayoutPanel *>();
-        if (!QTest::qWaitFor([&panel] { return !panel.is_loading(); }, 20000)) std::puts("what lies beneath was not read in time");
+        if (!QTest::qWaitFor([&panel] { return !panel.is_loading(); }, 20000))
+            std::puts("what lies beneath was not read in time");
         save(window_, name);
         window_.press("Command_done_tiling_layout");
     }
@@ -115,7 +140,7 @@ private:
     {
         constexpr int smallest = 0; // of files, at the price of time
         const QImage image = shown.grab().toImage().convertToFormat(QImage::Format_RGB32);
-        if (!image.save(folder_ + QLatin1Char('/') + name + QStringLiteral(".png"), "PNG", smallest))
+        if (!with_few_colours(image).save(folder_ + QLatin1Char('/') + name + QStringLiteral(".png"), "PNG", smallest))
             std::printf("cannot save %s\n", qPrintable(name));
     }
 
@@ -145,17 +170,17 @@ void picture_refined(MainWindow & window, Camera & camera, RecordedDialogs & dia
         const char * control;
         int index;
         const char * text;
-    } boxes[] = { { "Text_cell_size", 0, "100" },   { "Text_cell_size", 1, "100" },   { "Text_cell_size", 2, "50" },
-                  { "Text_min_val", 2, "-400" },
-                  { "Text_x_tile_size", 0, "64" },  { "Text_y_tile_size", 0, "64" },  { "Text_tile_overlap", 0, "8" },
-                  { "Text_blend_overlap", 0, "4" }, { "Text_z_blend", 0, "2" } };
+    } boxes[] = { { "Text_z_blend", 0, "0" },      { "Text_cell_size", 0, "100" },  { "Text_cell_size", 1, "100" },
+                  { "Text_cell_size", 2, "50" },   { "Text_min_val", 2, "-400" },   { "Text_z_blend", 0, "2" },
+                  { "Text_x_tile_size", 0, "64" }, { "Text_y_tile_size", 0, "64" }, { "Text_blend_overlap", 0, "4" },
+                  { "Text_tile_overlap", 0, "8" } };
     for (const auto & box : boxes) set(window, box.control, box.index, box.text);
     window.press("Command_update", 3);
     camera.page("6_tiles", 5);
     camera.layout(QStringLiteral("9_layout_tiles"));
 }
 
-/// The pages again on a screen of a high resolution or in dark.
+/// The pages again on a screen of a high resolution.
 void picture_again(Camera & camera, const QString & suffix)
 {
     camera.page(qPrintable(QStringLiteral("2_data") + suffix), 1);
@@ -187,8 +212,11 @@ int main(int argument_count, char ** arguments)
     window.open_definition(definition);
     window.press("Command_update", 3);
     if (argument_count > 3) {
-        picture_again(camera, QString::fromLocal8Bit(arguments[3]));
-        camera.layout(QStringLiteral("8_layout") + QString::fromLocal8Bit(arguments[3]));
+        const QString suffix = QString::fromLocal8Bit(arguments[3]);
+        if (suffix == QLatin1String("_dark"))
+            camera.layout(QStringLiteral("8_layout") + suffix);
+        else
+            picture_again(camera, suffix);
         return 0;
     }
     for (const PagePicture & page : pages) camera.page(page.name, page.page);
@@ -207,10 +235,12 @@ int main(int argument_count, char ** arguments)
     dialogs.picks = { scratch.write("section.inv", "1 2\n11 x\n6\nTrapezoidal Grid used") };
     camera.dialog(QStringLiteral("12_options"), [&window] { window.press("menu_define_inversion_mode", 1); });
     dialogs.messages.clear();
-    set(window, "Dir1", 0, scratch.path().c_str());
+    const std::filesystem::path surveys = std::filesystem::temp_directory_path() / "surveys"; // as it is read in the pictures
+    set(window, "Dir1", 0, definition_path(surveys).c_str());
     set(window, "Text_directory_name", 0, "osborne");
     camera.run(QStringLiteral("13_run"));
     camera.page("14_created", 6);
+    std::filesystem::remove_all(surveys / "osborne");
     picture_refined(window, camera, dialogs, scratch, definition);
     camera.say();
     if (const QStringList unjoined = window.view().unjoined(); !unjoined.isEmpty())
