@@ -79,8 +79,14 @@ Status take_output_folder(const Form & form, FolderName name, OutputFolder & fol
         return Status::bad;
     }
     folder.name = trim(form["Text_directory_name"].text);
-    folder.path = with_backslash(with_backslash(std::string(trim(form["Dir1"].text))) + folder.name);
+    folder.path = output_folder_of(form);
     return Status::good;
+}
+
+std::string output_folder_of(const Form & form)
+{
+    const std::string location(trim(form["Dir1"].text)), name(trim(form["Text_directory_name"].text));
+    return with_backslash(with_backslash(location) + name);
 }
 
 void show_current_folder(Form & form)

@@ -19,6 +19,9 @@ enum class FolderName { needed, optional };
 /// blank.
 Status take_output_folder(const Form & form, FolderName name, OutputFolder & folder, Host & host);
 
+/// The path that the boxes make, whether they are complete or not.
+std::string output_folder_of(const Form & form);
+
 /// Shows the current folder as the location in the boxes.
 void show_current_folder(Form & form);
 

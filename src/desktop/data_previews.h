@@ -6,10 +6,13 @@
 #include <QTableWidget>
 #include <array>
 
-/// The first lines of the data and the topography file as tables, beside the plain text of the form.
+class GridPicture;
+
+/// What the files of the form hold, beside the boxes that name them: the first lines of the data and of the topography file as
+/// tables, grids as maps, and a line of words on each.
 class DataPreviews {
 public:
-    /// root: holds the boxes Text_data_file_0 and _1, whose places the tables take, with the text on a second page.
+    /// root: holds the tables Grid_database and table_1 and the labels summary_0 to summary_5.
     explicit DataPreviews(QWidget & root);
 
     /// Looks at the files again where what the definition says of them has changed.
@@ -17,10 +20,15 @@ public:
 
 private:
     struct Pane {
-        QTableWidget * table = nullptr;
+        QTableWidget * table = nullptr; ///< null for the slots of grids
+        QWidget * tabs = nullptr;       ///< that the table is on
         QLabel * summary = nullptr;
         std::string shown; ///< what the pane was filled for
     };
 
-    std::array<Pane, 2> panes_;
+    void show_pane(Pane & pane, const Setup & setup, int slot);
+
+    std::array<Pane, 6> panes_;
+    GridPicture * topography_ = nullptr;
+    GridPicture * observed_ = nullptr;
 };

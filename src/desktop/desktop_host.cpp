@@ -87,6 +87,7 @@ bool DesktopDialogs::check_options(const std::string & title, std::vector<CheckO
     QDialog dialog(&parent_);
     dialog.setWindowTitle(shown(title));
     QVBoxLayout layout(&dialog);
+    dialog.setMinimumWidth(dialog.fontMetrics().horizontalAdvance(dialog.windowTitle()) + 160); // the title is read whole
     std::vector<QCheckBox *> boxes;
     for (const CheckOption & option : options) {
         boxes.push_back(new QCheckBox(shown(option.label), &dialog));
@@ -94,6 +95,7 @@ bool DesktopDialogs::check_options(const std::string & title, std::vector<CheckO
         boxes.back()->setChecked(option.on);
         layout.addWidget(boxes.back());
     }
+    layout.addSpacing(dialog.fontMetrics().height() / 2);
     QDialogButtonBox buttons(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, &dialog);
     layout.addWidget(&buttons);
     QObject::connect(&buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);

@@ -1,5 +1,7 @@
 #include "desktop/form_view.h"
 
+#include "desktop/appearance.h"
+
 #include <QAbstractButton>
 #include <QAction>
 #include <QComboBox>
@@ -23,7 +25,9 @@ QString shown(const std::string & text) { return QString::fromStdString(text); }
 void show_line(const Control & control, QObject & widget)
 {
     auto & box = static_cast<QLineEdit &>(widget);
-    if (box.text() != shown(control.text)) box.setText(shown(control.text));
+    if (box.text() == shown(control.text)) return;
+    box.setText(shown(control.text));
+    if (!box.hasFocus()) box.setCursorPosition(0); // a long text is read from its beginning
 }
 
 /// A text of lines; one that grows is followed to its end.
@@ -131,6 +135,24 @@ bool is_named_like_a_control(const QString & name)
 QString widget_name(const std::string & control, int index, int count)
 {
     return count == 1 ? shown(control) : shown(control) + QLatin1Char('_') + QString::number(index);
+}
+
+/// A breath of red over whatever ground boxes have, and a sign for those who cannot tell it apart.
+void mark(QLineEdit & box, bool faulty)
+{
+    constexpr const char * sign_name = "fault_sign";
+    QPalette palette;
+    if (faulty) palette.setColor(QPalette::Base, QColor(0xe5, 0x39, 0x2d, 0x50));
+    box.setPalette(palette);
+    auto * sign = box.findChild<QAction *>(QLatin1String(sign_name), Qt::FindDirectChildrenOnly);
+    if (sign == nullptr && faulty) {
+        sign = new QAction(fault_sign(), {}, &box);
+        sign->setObjectName(QLatin1String(sign_name));
+        box.addAction(sign, QLineEdit::TrailingPosition);
+    }
+    if (sign == nullptr) return;
+    sign->setVisible(faulty);
+    sign->setToolTip(box.toolTip());
 }
 
 /// What a user works with, as against what only shows or groups.
@@ -247,7 +269,7 @@ void FormView::show()
         const Control & control = form_(row.control, row.index);
         row.show(control, *row.widget);
         if (row.widget == &root_)
-            root_.setWindowTitle(shown(control.caption));
+            root_.setWindowTitle(shown(control.caption) + QStringLiteral("[*]"));
         else if (auto * const widget = qobject_cast<QWidget *>(row.widget.data()))
             show_flags(control, frozen_, *widget);
     }
@@ -273,10 +295,7 @@ void FormView::show_faults(const Faults & fault_of)
         if (!box->property("own_tip").isValid()) box->setProperty("own_tip", box->toolTip());
         box->setProperty("fault", fault);
         box->setToolTip(fault.isEmpty() ? box->property("own_tip").toString() : fault);
-        QPalette palette = fault.isEmpty() ? QPalette() : box->palette();
-        if (!fault.isEmpty()) palette.setColor(QPalette::Base, QColor(0xff, 0xd9, 0xd6));
-        if (!fault.isEmpty()) palette.setColor(QPalette::Text, Qt::black);
-        box->setPalette(palette);
+        mark(*box, !fault.isEmpty());
     }
 }
 

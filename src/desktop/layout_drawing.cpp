@@ -274,9 +274,11 @@ void draw_surroundings(QPainter & painter, const LayoutPlot & plot, const Layout
     painter.drawRect(plot.area);
     draw_ticks(painter, plot, view);
     painter.setRenderHint(QPainter::Antialiasing);
-    draw_legend(painter, plot, scene, backdrop, choice, palette);
+    if (!scene.lines.empty()) draw_legend(painter, plot, scene, backdrop, choice, palette);
     painter.setRenderHint(QPainter::Antialiasing, false);
     painter.setBrush(Qt::NoBrush);
-    if (const BackdropRaster * const raster = raster_shown(backdrop, choice))
-        draw_bar(painter, plot, *raster, raster == &backdrop.data->grid ? QObject::tr("Image") : QObject::tr("Ground, m"));
+    const BackdropRaster * const raster = raster_shown(backdrop, choice);
+    if (raster == nullptr) return;
+    const QString title = raster == &backdrop.data->grid ? QObject::tr("Image") : QObject::tr("Ground, m");
+    draw_bar(painter, plot, *raster, scene.bar_title.isEmpty() ? title : scene.bar_title);
 }

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QPalette>
+#include <QString>
 #include <memory>
 
 /// What the picture of the layout shows, apart from what lies beneath.
@@ -14,6 +15,7 @@ struct LayoutScene {
     std::vector<LayoutLine> lines;
     PointTransform transform;
     bool refined = false;
+    QString bar_title = {}; ///< over the bar of colours; empty for that of what lies beneath a mesh
 };
 
 /// What lies beneath, ready to be painted.

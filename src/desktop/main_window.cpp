@@ -1,7 +1,11 @@
 #include "desktop/main_window.h"
 
 #include "app/file_commands.h"
+#include "app/output_folder.h"
 #include "app/press.h"
+#include "desktop/about.h"
+#include "desktop/appearance.h"
+#include "desktop/check_list.h"
 #include "desktop/companions.h"
 #include "desktop/data_previews.h"
 #include "desktop/layout_panel.h"
@@ -22,14 +26,13 @@
 #include "ui_page_tiles.h"
 #include "ui_page_topography.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDragEnterEvent>
-#include <QGroupBox>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QStatusBar>
 #include <QToolButton>
@@ -38,6 +41,8 @@
 namespace {
 
 constexpr const char * section = "ZEB_QVinv3d_setup";
+constexpr const char * look_setting = "Colours";
+constexpr int message_time = 8000; // milliseconds
 constexpr int tiles_page = 5, topography_page = 2;
 
 template <class Page>
@@ -109,7 +114,9 @@ MainWindow::MainWindow(SettingsStore & settings, ScriptLauncher & launcher, Dial
     own_dialogs_.transform_dialog = [this](const PointTransform & start) { return define_transform(*this, start, host_); };
     setObjectName(QStringLiteral("Form_mag3d"));
     setAcceptDrops(true);
-    resize(1180, 760);
+    setWindowIcon(program_icon());
+    setMinimumSize(900, 560);
+    resize(1180, 780);
     restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(settings.read(section, "WindowGeometry", ""))));
     start_session(session_, host_);
     build();
@@ -133,7 +140,7 @@ void MainWindow::build()
     layout_ = new LayoutPanel;
     layout->addWidget(pages_);
     layout->addWidget(layout_);
-    layout->addWidget(checklist());
+    new CheckList(this);
     setCentralWidget(centre);
     wire_layout();
     build_menus();
@@ -160,22 +167,45 @@ void MainWindow::build_menus()
     add_items(*menuBar()->addMenu(tr("&Mode")), mode_items);
     QMenu & pages = *menuBar()->addMenu(tr("&View"));
     for (int page = 0; page < pages_->count(); ++page)
-        pages.addAction(pages_->tabText(page), QKeySequence(QStringLiteral("Ctrl+%1").arg(page + 1)), this,
-                        [this, page] { pages_->setCurrentIndex(page); });
+        page_items_ << pages.addAction(pages_->tabText(page), this, [this, page] { pages_->setCurrentIndex(page); });
+    pages.addSeparator();
+    add_looks(*pages.addMenu(tr("&Colours")));
+    QMenu & help = *menuBar()->addMenu(tr("&Help"));
+    help.addAction(tr("&Check list"), QKeySequence(Qt::Key_F1), this, [this] { pressed("Command_checklist", 0); });
+    help.addAction(tr("&About..."), this, [this] { show_about(*this); });
+}
+
+void MainWindow::add_looks(QMenu & menu)
+{
+    const QString words[] = { tr("As the &desktop"), tr("&Light"), tr("D&ark") };
+    const std::string set = host_.settings.read(section, look_setting, looks[0]);
+    auto * const group = new QActionGroup(&menu);
+    for (std::size_t i = 0; i < std::size(looks); ++i) {
+        QAction * const action = menu.addAction(words[i]);
+        action->setCheckable(true);
+        action->setChecked(set == looks[i]);
+        group->addAction(action);
+        connect(action, &QAction::triggered, this, [this, look = std::string(looks[i])] {
+            apply_look(look);
+            static_cast<void>(host_.settings.write(section, look_setting, look));
+        });
+    }
+    apply_look(set);
 }
 
 void MainWindow::build_pages()
 {
     pages_ = new QTabWidget;
     pages_->setObjectName(QStringLiteral("Tab_inversion"));
-    add_page<Ui::page_solver>(*pages_, tr("1 Solver"));
-    add_page<Ui::page_data>(*pages_, tr("2 Data"));
-    add_page<Ui::page_topography>(*pages_, tr("3 Topography"));
-    add_page<Ui::page_mesh>(*pages_, tr("4 Mesh"));
-    add_page<Ui::page_parameters>(*pages_, tr("5 Parameters"));
-    add_page<Ui::page_tiles>(*pages_, tr("6 Tiles"));
-    add_page<Ui::page_create>(*pages_, tr("7 Create and run"));
+    add_page<Ui::page_solver>(*pages_, tr("Solver"));
+    add_page<Ui::page_data>(*pages_, tr("Data"));
+    add_page<Ui::page_topography>(*pages_, tr("Topography"));
+    add_page<Ui::page_mesh>(*pages_, tr("Mesh"));
+    add_page<Ui::page_parameters>(*pages_, tr("Parameters"));
+    add_page<Ui::page_tiles>(*pages_, tr("Tiles"));
+    add_page<Ui::page_create>(*pages_, tr("Create and run"));
     follow_boxes(*pages_);
+    written_into_ = pages_->findChild<QLabel *>(QStringLiteral("written_into"));
 }
 
 void MainWindow::build_foot()
@@ -191,23 +221,6 @@ void MainWindow::build_foot()
     statusBar()->addPermanentWidget(stop_);
     bar_->hide();
     stop_->hide();
-}
-
-/// The list of what to look at before an inversion is run; shown and hidden by its control.
-QWidget * MainWindow::checklist()
-{
-    auto * const frame = new QGroupBox(tr("Inversion check list"));
-    frame->setObjectName(QStringLiteral("Frame_checklist"));
-    auto * const text = new QPlainTextEdit;
-    text->setObjectName(QStringLiteral("RichTextBox_checklist"));
-    text->setReadOnly(true);
-    text->setMinimumHeight(260);
-    auto * const close = new QPushButton(tr("Close Checklist"));
-    close->setObjectName(QStringLiteral("Command_close_checklist"));
-    auto * const layout = new QVBoxLayout(frame);
-    layout->addWidget(text);
-    layout->addWidget(close, 0, Qt::AlignRight);
-    return frame;
 }
 
 void MainWindow::wire_layout()
@@ -238,12 +251,28 @@ void MainWindow::refresh()
 {
     if (!view_) return;
     const Setup & setup = session_.setup;
-    pages_->setTabVisible(tiles_page, setup.refinement_mode == 1);
+    number_pages(setup.refinement_mode == 1);
     view_->show();
     view_->show_faults([&setup](const std::string & control, int index) { return box_fault(setup, control, index); });
     if (!display_progress_.in_command()) previews_->show(setup);
     layout_->show_layout(setup);
     show_column_names();
+    written_into_->setText(QString::fromStdString(output_folder_of(setup.form)));
+}
+
+/// The pages that there are bear the numbers of the steps, by which keys reach them.
+void MainWindow::number_pages(bool refined)
+{
+    pages_->setTabVisible(tiles_page, refined);
+    int number = 0;
+    for (int page = 0; page < pages_->count(); ++page) {
+        QAction & item = *page_items_[page];
+        item.setVisible(pages_->isTabVisible(page));
+        item.setShortcut({});
+        if (!item.isVisible()) continue;
+        pages_->setTabText(page, QStringLiteral("%1 %2").arg(++number).arg(item.text()));
+        item.setShortcut(QKeySequence(QStringLiteral("Ctrl+%1").arg(number)));
+    }
 }
 
 /// The open list of names lies over the box that it fills.
@@ -308,9 +337,36 @@ void MainWindow::pressed(const std::string & control, int index)
     if (auto * const box = qobject_cast<QLineEdit *>(focusWidget()); box && box->property("changed").toBool())
         emit box->editingFinished();
     if (reads && !may_drop_changes()) return;
+    statusBar()->clearMessage();
     guarded([&] {
-        if (::press(session_, control, index, host_) == Status::good && (reads || keeps)) setWindowModified(false);
+        if (::press(session_, control, index, host_) != Status::good) return;
+        if (reads || keeps) setWindowModified(false);
+        tell_done(control, index);
     });
+}
+
+/// Says in the foot what a command has done where nothing else shows it.
+void MainWindow::tell_done(const std::string & control, int index)
+{
+    const std::string & definition = session_.recent_files.empty() ? std::string() : session_.recent_files.front();
+    const QString file = QString::fromStdString(file_name_of_path(definition));
+    const QString folder = QString::fromStdString(output_folder_of(session_.setup.form));
+    const struct {
+        const char * control;
+        int index; ///< -1: any
+        QString words;
+    } done[] = {
+        { "menu_save", -1, tr("Saved %1").arg(file) },
+        { "menu_read_file", 0, tr("Opened %1").arg(file) },
+        { "menu_file_list", -1, tr("Opened %1").arg(file) },
+        { "Command_make_folder", -1, tr("Made %1").arg(folder) },
+        { "Command_create_inversion", 0, session_.paused ? QString() : tr("Created the inversion in %1").arg(folder) },
+        { "Command_create_inversion", 1, tr("Updated the parameters in %1").arg(folder) },
+        { "Command_create_inversion", 2, tr("Created the variation in %1").arg(folder) },
+        { "Command_continue_tile", -1, tr("Created the inversion in %1").arg(folder) },
+    };
+    for (const auto & row : done)
+        if (control == row.control && (row.index < 0 || row.index == index)) statusBar()->showMessage(row.words, message_time);
 }
 
 void MainWindow::opened(const std::string & control, int index)
@@ -324,6 +380,7 @@ void MainWindow::show_running(bool running)
 {
     bar_->setVisible(running);
     stop_->setVisible(running);
+    if (running) statusBar()->clearMessage();
     if (!running) step_->clear();
     view_->freeze(running);
     if (running)
@@ -342,7 +399,9 @@ void MainWindow::open_definition(const std::string & path)
 {
     if (!may_drop_changes()) return;
     guarded([&] {
-        if (read_definition(session_, path, Selection::all, host_) == Status::good) setWindowModified(false);
+        if (read_definition(session_, path, Selection::all, host_) != Status::good) return;
+        setWindowModified(false);
+        tell_done("menu_read_file", 0);
     });
 }
 

@@ -39,7 +39,7 @@ private:
     void build_menus();
     void build_pages();
     void build_foot();
-    QWidget * checklist();
+    void add_looks(QMenu & menu);
     void wire_layout();
 
     void changed(const std::string & control, int index);
@@ -47,9 +47,11 @@ private:
     void entered(const std::string & control, int index);
     void pressed(const std::string & control, int index);
     void opened(const std::string & control, int index);
+    void tell_done(const std::string & control, int index);
     /// Runs what an event leads to, unless a command is running already; a fault that nobody handled is shown, and then the form.
     void guarded(const std::function<void()> & action);
 
+    void number_pages(bool refined);
     void show_column_names();
     void show_running(bool running);
     bool may_drop_changes();
@@ -69,8 +71,10 @@ private:
     Host host_;
 
     QTabWidget * pages_ = nullptr;
+    QList<QAction *> page_items_; ///< one per page
     LayoutPanel * layout_ = nullptr;
     QLabel * step_ = nullptr;
+    QLabel * written_into_ = nullptr;
     QProgressBar * bar_ = nullptr;
     QPushButton * stop_ = nullptr;
     std::unique_ptr<DataPreviews> previews_;
