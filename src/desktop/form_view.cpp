@@ -169,11 +169,13 @@ void show_flags(const Control & control, bool frozen, QWidget & widget)
     if (widget.isEnabledTo(widget.parentWidget()) != enabled) widget.setEnabled(enabled);
     if (!control.tool_tip.empty()) widget.setToolTip(shown(control.tool_tip));
     const std::int32_t bgr = control.back_colour;
-    const QString style = bgr == Control::window_colour ? QString()
-                                                        : QStringLiteral("background-color: rgb(%1, %2, %3); color: black")
-                                                              .arg(bgr & 255)
-                                                              .arg(bgr >> 8 & 255)
-                                                              .arg(bgr >> 16 & 255);
+    // Thinned, so that words stand out on it in light and in dark.
+    const QString style = bgr == Control::window_colour
+                              ? QString()
+                              : QStringLiteral("background-color: rgba(%1, %2, %3, 80); border-radius: 3px")
+                                    .arg(bgr & 255)
+                                    .arg(bgr >> 8 & 255)
+                                    .arg(bgr >> 16 & 255);
     if (widget.styleSheet() != style) widget.setStyleSheet(style);
 }
 
