@@ -189,12 +189,13 @@ FormView::FormView(Form & form, QWidget & root, FormEvents events)
         for (int index = 0; index < count; ++index) {
             const QString name = widget_name(control, index, count);
             wanted << name;
-            if (name == root.objectName())
+            if (name == root.objectName()) {
                 join(control, index, root);
-            else if (QObject * const widget = root.findChild<QObject *>(name))
-                join(control, index, *widget);
-            else
-                unjoined_ << name + QStringLiteral(" has no widget");
+                continue;
+            }
+            const QList<QObject *> widgets = root.findChildren<QObject *>(name);
+            for (QObject * const widget : widgets) join(control, index, *widget);
+            if (widgets.isEmpty()) unjoined_ << name + QStringLiteral(" has no widget");
         }
     }
     for (const QObject * child : root.findChildren<QObject *>())
