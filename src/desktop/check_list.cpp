@@ -37,7 +37,7 @@ CheckList::CheckList(QWidget * parent) : QDialog(parent, Qt::Dialog), close_(new
     auto * const layout = new QVBoxLayout(this);
     layout->addWidget(text);
     layout->addWidget(close_, 0, Qt::AlignRight);
-    resize(860, 600);
+    resize(860, 540);
 }
 
 bool CheckList::is_heading(const QString & line) { return !line.isEmpty() && !line.front().isDigit(); }

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int observed_slot = 0, topography_slot = 1, first_grid_slot = 2;
+constexpr int topography_slot = 1, first_grid_slot = 2;
 constexpr const char * column_boxes[] = { "Text_UBC_locations_xpos_",   "Text_UBC_locations_ypos_", "Text_UBC_locations_zpos_",
                                           "Text_UBC_locations_magpos_", "Text_UBC_locations_lpos",  "Text_UBC_locations_valpos" };
 

@@ -169,11 +169,13 @@ void show_flags(const Control & control, bool frozen, QWidget & widget)
     if (widget.isEnabledTo(widget.parentWidget()) != enabled) widget.setEnabled(enabled);
     if (!control.tool_tip.empty()) widget.setToolTip(shown(control.tool_tip));
     const std::int32_t bgr = control.back_colour;
-    const QString style = bgr == Control::window_colour ? QString()
-                                                        : QStringLiteral("background-color: rgb(%1, %2, %3); color: black")
-                                                              .arg(bgr & 255)
-                                                              .arg(bgr >> 8 & 255)
-                                                              .arg(bgr >> 16 & 255);
+    // Thinned, so that words stand out on it in light and in dark.
+    const QString style = bgr == Control::window_colour
+                              ? QString()
+                              : QStringLiteral("background-color: rgba(%1, %2, %3, 80); border-radius: 3px")
+                                    .arg(bgr & 255)
+                                    .arg(bgr >> 8 & 255)
+                                    .arg(bgr >> 16 & 255);
     if (widget.styleSheet() != style) widget.setStyleSheet(style);
 }
 
@@ -187,12 +189,13 @@ FormView::FormView(Form & form, QWidget & root, FormEvents events)
         for (int index = 0; index < count; ++index) {
             const QString name = widget_name(control, index, count);
             wanted << name;
-            if (name == root.objectName())
+            if (name == root.objectName()) {
                 join(control, index, root);
-            else if (QObject * const widget = root.findChild<QObject *>(name))
-                join(control, index, *widget);
-            else
-                unjoined_ << name + QStringLiteral(" has no widget");
+                continue;
+            }
+            const QList<QObject *> widgets = root.findChildren<QObject *>(name);
+            for (QObject * const widget : widgets) join(control, index, *widget);
+            if (widgets.isEmpty()) unjoined_ << name + QStringLiteral(" has no widget");
         }
     }
     for (const QObject * child : root.findChildren<QObject *>())

@@ -23,7 +23,8 @@ struct FormEvents {
 };
 
 /// Joins the controls of a form with the widgets of the same name: "Text_max_val_2" is the view of Text_max_val[2], and
-/// "Text_description" of a control that stands alone. Shows what the form holds and tells what the user did; decides nothing.
+/// "Text_description" of a control that stands alone. A control may have several widgets. Shows what the form holds and tells
+/// what the user did; decides nothing.
 class FormView : public QObject {
     Q_OBJECT
 

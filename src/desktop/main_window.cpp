@@ -115,7 +115,7 @@ MainWindow::MainWindow(SettingsStore & settings, ScriptLauncher & launcher, Dial
     setObjectName(QStringLiteral("Form_mag3d"));
     setAcceptDrops(true);
     setWindowIcon(program_icon());
-    setMinimumSize(900, 560);
+    setMinimumSize(900, 520);
     resize(1180, 780);
     restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(settings.read(section, "WindowGeometry", ""))));
     start_session(session_, host_);

@@ -33,10 +33,9 @@ constexpr PagePicture pages[] = {
     { "1_solver", 0 }, { "2_data", 1 }, { "3_topography", 2 }, { "4_mesh", 3 }, { "5_parameters", 4 }
 };
 
-/// 20 x 20 x 8 cells of 500 m with padding round the survey: a mesh that a first, coarse inversion would have had.
-constexpr const char * base_mesh =
-    "24 24 8\r\n448500 7549500 350\r\n1000 2*750 18*500 2*750 1000\r\n1000 2*750 18*500 2*750 1000\r\n"
-    "4*250 2*400 2*600\r\n";
+/// Cells of 500 m over the survey, and padding: a mesh that a first, coarse inversion would have had.
+constexpr const char * base_mesh = "24 24 12\r\n449250 7550250 350\r\n1000 750 20*500 750 1000\r\n1000 750 20*500 750 1000\r\n"
+                                   "8*250 400 600 900 1400\r\n";
 
 /// Answers from a script, but for the dialog of options, which is really shown.
 struct PictureDialogs : RecordedDialogs {
@@ -111,6 +110,19 @@ public:
         window_.press("Command_done_tiling_layout");
     }
 
+    /// A tiled creation stops to show its tiles; one of them is chosen.
+    void paused(const QString & name)
+    {
+        window_.press("Command_create_inversion");
+        auto & panel = *window_.findChild<LayoutPanel *>();
+        if (!QTest::qWaitFor([&panel] { return !panel.is_loading(); }, 20000))
+            std::puts("what lies beneath was not read in time");
+        auto & picture = *window_.findChild<QWidget *>(QStringLiteral("Picture_tiling_layout"));
+        QTest::mouseClick(&picture, Qt::LeftButton, {}, { picture.width() / 3, picture.height() * 2 / 3 });
+        save(window_, name);
+        window_.press("Command_cancel_tile");
+    }
+
     /// Creates the inversion, with a picture while it is under way.
     void run(const QString & name)
     {
@@ -177,7 +189,7 @@ void picture_refined(MainWindow & window, Camera & camera, RecordedDialogs & dia
     for (const auto & box : boxes) set(window, box.control, box.index, box.text);
     window.press("Command_update", 3);
     camera.page("6_tiles", 5);
-    camera.layout(QStringLiteral("9_layout_tiles"));
+    camera.paused(QStringLiteral("9_layout_tiles"));
 }
 
 /// The pages again on a screen of a high resolution.
