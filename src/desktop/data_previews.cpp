@@ -3,6 +3,7 @@
 #include "desktop/grid_picture.h"
 #include "rules/data_columns.h"
 #include "support/numbers.h"
+#include "support/paths.h"
 
 #include <QHeaderView>
 #include <QLineEdit>
@@ -97,10 +98,21 @@ std::string state_of(const Setup & setup, int slot)
     return state;
 }
 
+/// Nothing, unless the file can be read with the columns as they are now.
+BackdropSources points_of_ground(const Setup & setup)
+{
+    BackdropSources ground;
+    const InversionDefinition & d = setup.definition;
+    const bool complete = d.data_x_column[1] > 0 && d.data_y_column[1] > 0 && d.data_z_column[1] > 0;
+    if (complete && !find_file(d.data_file[1]).empty()) ground.ground_points = backdrop_sources(d, "").ground_points;
+    return ground;
+}
+
 }
 
 DataPreviews::DataPreviews(QWidget & root)
     : topography_(root.findChild<GridPicture *>(QStringLiteral("Picture_mag"))),
+      points_(root.findChild<GridPicture *>(QStringLiteral("points_picture"))),
       observed_(root.findChild<GridPicture *>(QStringLiteral("grid_picture")))
 {
     const QString tables[] = { QStringLiteral("Grid_database"), QStringLiteral("table_1") };
@@ -126,6 +138,7 @@ void DataPreviews::show(const Setup & setup)
     const auto & files = setup.definition.data_file;
     const bool is_ground = setup.form["Frame_data_file_image"].visible;
     topography_->show_grid(is_ground ? files[topography_slot] : "", QObject::tr("Ground, m"));
+    if (points_->isVisible()) points_->show_ground(points_of_ground(setup), QObject::tr("Ground, m"));
     observed_->show_grid(setup.definition.data_file_type == 1 ? files[first_grid_slot] : "", QObject::tr("Data"));
 }
 

@@ -30,5 +30,6 @@ private:
 
     std::array<Pane, 6> panes_;
     GridPicture * topography_ = nullptr;
+    GridPicture * points_ = nullptr; ///< the points of the ground; they are read only while they are to be seen
     GridPicture * observed_ = nullptr;
 };

@@ -137,22 +137,44 @@ QString widget_name(const std::string & control, int index, int count)
     return count == 1 ? shown(control) : shown(control) + QLatin1Char('_') + QString::number(index);
 }
 
+/// The sign at a box that would fail, at the end that its text leaves free. It takes no room of its own, so that no box changes
+/// its size while it is typed in.
+class FaultSign : public QLabel {
+public:
+    explicit FaultSign(QLineEdit & box) : QLabel(&box), box_(box)
+    {
+        constexpr int size = 14;
+        setPixmap(fault_sign().pixmap(QSize(size, size), box.devicePixelRatioF()));
+        setAttribute(Qt::WA_TransparentForMouseEvents); // the tip is the box's
+        adjustSize();
+        box.installEventFilter(this);
+        place();
+    }
+
+private:
+    bool eventFilter(QObject *, QEvent * event) override
+    {
+        if (event->type() == QEvent::Resize) place();
+        return false;
+    }
+    void place()
+    {
+        constexpr int margin = 5;
+        const bool at_left = box_.alignment().testFlag(Qt::AlignRight);
+        move(at_left ? margin : box_.width() - width() - margin, (box_.height() - height()) / 2);
+    }
+
+    QLineEdit & box_;
+};
+
 /// A breath of red over whatever ground boxes have, and a sign for those who cannot tell it apart.
 void mark(QLineEdit & box, bool faulty)
 {
-    constexpr const char * sign_name = "fault_sign";
     QPalette palette;
     if (faulty) palette.setColor(QPalette::Base, QColor(0xe5, 0x39, 0x2d, 0x50));
     box.setPalette(palette);
-    auto * sign = box.findChild<QAction *>(QLatin1String(sign_name), Qt::FindDirectChildrenOnly);
-    if (sign == nullptr && faulty) {
-        sign = new QAction(fault_sign(), {}, &box);
-        sign->setObjectName(QLatin1String(sign_name));
-        box.addAction(sign, QLineEdit::TrailingPosition);
-    }
-    if (sign == nullptr) return;
-    sign->setVisible(faulty);
-    sign->setToolTip(box.toolTip());
+    if (auto * const sign = box.findChild<QLabel *>(); sign != nullptr && !faulty) delete sign;
+    if (faulty && box.findChild<QLabel *>() == nullptr) (new FaultSign(box))->show();
 }
 
 /// What a user works with, as against what only shows or groups.

@@ -5,7 +5,7 @@
 GridPicture::GridPicture(QWidget * parent) : QWidget(parent)
 {
     connect(&loader_, &BackdropLoader::progressed, this, [this](const QString &, int percent) {
-        words_ = tr("Reading the grid  %1 %").arg(percent);
+        words_ = tr("Reading  %1 %").arg(percent);
         update();
     });
     connect(&loader_, &BackdropLoader::finished, this, &GridPicture::take);
@@ -13,10 +13,16 @@ GridPicture::GridPicture(QWidget * parent) : QWidget(parent)
 
 void GridPicture::show_grid(const std::string & path, const QString & bar_title)
 {
-    scene_.bar_title = bar_title;
     BackdropSources sources;
     sources.ground_grid = path;
-    if (loader_.load(sources)) take(nullptr, path.empty() ? QString() : tr("Reading the grid"));
+    show_ground(sources, bar_title);
+}
+
+void GridPicture::show_ground(const BackdropSources & sources, const QString & bar_title)
+{
+    scene_.bar_title = bar_title;
+    const bool any = !sources.ground_grid.empty() || !sources.ground_points.file_name.empty();
+    if (loader_.load(sources)) take(nullptr, any ? tr("Reading") : QString());
 }
 
 void GridPicture::take(std::shared_ptr<const LayoutBackdrop> backdrop, const QString & messages)

@@ -14,6 +14,8 @@ public:
 
     /// Shows the grid of this path; an empty one shows nothing. bar_title: what its values are.
     void show_grid(const std::string & path, const QString & bar_title);
+    /// Shows the ground of these sources.
+    void show_ground(const BackdropSources & sources, const QString & bar_title);
     bool is_loading() const { return loader_.is_loading(); }
 
 private:

@@ -18,6 +18,7 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <filesystem>
@@ -85,6 +86,9 @@ public:
     void page(const char * name, int page)
     {
         tabs().setCurrentIndex(page);
+        const QList<GridPicture *> maps = window_.findChildren<GridPicture *>();
+        const auto read = [&maps] { return std::ranges::none_of(maps, &GridPicture::is_loading); };
+        if (!QTest::qWaitFor(read, 20000)) std::puts("a map was not read in time");
         save(window_, QLatin1String(name));
     }
 
