@@ -103,3 +103,11 @@ void list_folders(Form & form)
     fill_list(form["Dir1"],
               location.empty() ? std::vector<std::string>() : folders_in_time(with_backslash(std::string(location))));
 }
+
+void pick_location(Form & form, Host & host)
+{
+    const auto picked = host.dialogs.choose_folder("Select a Folder", form["Dir1"].text);
+    if (!picked) return;
+    form["Dir1"].text = *picked;
+    list_folders(form);
+}

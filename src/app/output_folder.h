@@ -27,3 +27,6 @@ void show_current_folder(Form & form);
 
 /// Lists the drives and the folders below the location, to choose from; a location that does not answer at once lists none.
 void list_folders(Form & form);
+
+/// Asks for the location, beginning at the one in its box, and shows it; a cancelled dialog changes nothing.
+void pick_location(Form & form, Host & host);

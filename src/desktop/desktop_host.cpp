@@ -113,7 +113,7 @@ std::optional<PointTransform> DesktopDialogs::define_transform(const PointTransf
 void DesktopProgress::begin_command()
 {
     in_command_ = true;
-    stop_asked_ = false;
+    stop_asked_ = stopped_ = false;
     since_last_.start();
 }
 
@@ -150,5 +150,7 @@ void DesktopProgress::let_events_run(bool at_once)
     foot_.show_form();
     QCoreApplication::processEvents();
     since_last_.start();
-    if (stop_asked_) throw Stopped();
+    if (!stop_asked_) return;
+    stopped_ = true;
+    throw Stopped();
 }

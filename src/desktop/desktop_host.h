@@ -47,6 +47,8 @@ public:
     void end_command();
     bool in_command() const { return in_command_; }
     void stop() { stop_asked_ = true; }
+    /// The user has stopped the command, or the last one.
+    bool stopped() const { return stopped_; }
 
     void begin() override;
     void end() override;
@@ -58,6 +60,6 @@ private:
     void let_events_run(bool at_once);
 
     ProgressFoot foot_;
-    bool in_command_ = false, shown_ = false, stop_asked_ = false;
+    bool in_command_ = false, shown_ = false, stop_asked_ = false, stopped_ = false;
     QElapsedTimer since_last_;
 };

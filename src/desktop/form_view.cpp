@@ -180,8 +180,9 @@ void mark(QLineEdit & box, bool faulty)
 /// What a user works with, as against what only shows or groups.
 bool takes_input(const QWidget & widget)
 {
+    const auto * const lines = qobject_cast<const QPlainTextEdit *>(&widget);
     return qobject_cast<const QLineEdit *>(&widget) || qobject_cast<const QComboBox *>(&widget) ||
-           qobject_cast<const QAbstractButton *>(&widget);
+           qobject_cast<const QAbstractButton *>(&widget) || (lines && !lines->isReadOnly());
 }
 
 void show_flags(const Control & control, bool frozen, QWidget & widget)
@@ -211,11 +212,9 @@ FormView::FormView(Form & form, QWidget & root, FormEvents events)
         for (int index = 0; index < count; ++index) {
             const QString name = widget_name(control, index, count);
             wanted << name;
-            if (name == root.objectName()) {
-                join(control, index, root);
-                continue;
-            }
-            const QList<QObject *> widgets = root.findChildren<QObject *>(name);
+            // A control may be shown in more than one place.
+            QObjectList widgets = root.findChildren<QObject *>(name);
+            if (name == root.objectName()) widgets.append(&root);
             for (QObject * const widget : widgets) join(control, index, *widget);
             if (widgets.isEmpty()) unjoined_ << name + QStringLiteral(" has no widget");
         }
@@ -255,8 +254,11 @@ void FormView::listen(const std::string & control, int index, QObject & widget)
             connect(lines, &QPlainTextEdit::textChanged, this,
                     [=, this] { tell(events_.changed, [lines](Control & c) { c.text = lines->toPlainText().toStdString(); }); });
     } else if (auto * const list = qobject_cast<QComboBox *>(&widget)) {
-        connect(list, &QComboBox::activated, this,
-                [=, this](int position) { tell(events_.changed, [position](Control & c) { c.position = position; }); });
+        connect(list, &QComboBox::activated, this, [=, this](int position) {
+            // What follows a choice would take back what the user has typed since it was made.
+            const bool anew = form_(control, index).position != position;
+            tell(anew ? events_.changed : events_.left, [position](Control & c) { c.position = position; });
+        });
     } else if (auto * const button = qobject_cast<QAbstractButton *>(&widget)) {
         connect(button, &QAbstractButton::clicked, this, [=, this](bool on) {
             if (button->isCheckable())
@@ -275,13 +277,14 @@ void FormView::listen(const std::string & control, int index, QObject & widget)
 
 bool FormView::eventFilter(QObject * watched, QEvent * event)
 {
+    if (event->type() == QEvent::Wheel && qobject_cast<QComboBox *>(watched)) {
+        event->ignore(); // it scrolls the page: a list that turned under the pointer would change the inversion unseen
+        return true;
+    }
     const bool entered = event->type() == QEvent::FocusIn, opened = event->type() == QEvent::MouseButtonDblClick;
     if ((entered || opened) && !showing_) {
-        const auto joined = std::ranges::find_if(joins_, [watched](const Join & row) { return row.widget == watched; });
-        if (joined != joins_.end()) {
-            const Join row = *joined; // the event may lead anywhere
-            (entered ? events_.entered : events_.opened)(row.control, row.index);
-        }
+        const auto [control, index] = control_of(watched);
+        if (!control.empty()) (entered ? events_.entered : events_.opened)(control, index);
     }
     return QObject::eventFilter(watched, event);
 }
@@ -294,7 +297,7 @@ void FormView::show()
         const Control & control = form_(row.control, row.index);
         row.show(control, *row.widget);
         if (row.widget == &root_)
-            root_.setWindowTitle(shown(control.caption) + QStringLiteral("[*]"));
+            root_.setWindowTitle(shown(control.caption) + QStringLiteral("[*]")); // a mark there tells of changes
         else if (auto * const widget = qobject_cast<QWidget *>(row.widget.data()))
             show_flags(control, frozen_, *widget);
     }
@@ -331,4 +334,10 @@ QObject * FormView::widget_of(const std::string & control, int index) const
     const auto joined =
         std::ranges::find_if(joins_, [&](const Join & row) { return row.control == control && row.index == index; });
     return joined == joins_.end() ? nullptr : joined->widget.data();
+}
+
+std::pair<std::string, int> FormView::control_of(const QObject * widget) const
+{
+    const auto joined = std::ranges::find_if(joins_, [widget](const Join & row) { return row.widget == widget; });
+    return joined == joins_.end() ? std::pair(std::string(), 0) : std::pair(joined->control, joined->index);
 }

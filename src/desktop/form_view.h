@@ -16,7 +16,7 @@ using ControlEvent = std::function<void(const std::string & control, int index)>
 /// Where the events of a form go. The value is in the form before the event is told.
 struct FormEvents {
     ControlEvent changed; ///< a value was changed, key by key in a box
-    ControlEvent left;    ///< a box that was changed has been left, or Enter pressed in it
+    ControlEvent left;    ///< a box that was changed has been left, or Enter pressed in it; a list was closed on what it had
     ControlEvent entered; ///< a control got the focus
     ControlEvent pressed; ///< a button or menu item
     ControlEvent opened;  ///< a box was double-clicked or its own button pressed
@@ -45,6 +45,8 @@ public:
     QStringList unjoined() const;
 
     QObject * widget_of(const std::string & control, int index = 0) const;
+    /// The control that a widget shows and its index; an empty name for one that shows none.
+    std::pair<std::string, int> control_of(const QObject * widget) const;
 
 private:
     struct Join {

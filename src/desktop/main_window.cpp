@@ -42,8 +42,8 @@ namespace {
 
 constexpr const char * section = "ZEB_QVinv3d_setup";
 constexpr const char * look_setting = "Colours";
-constexpr int message_time = 8000; // milliseconds
 constexpr int tiles_page = 5, topography_page = 2;
+constexpr int message_time = 15000; // milliseconds
 
 template <class Page>
 void add_page(QTabWidget & tabs, const QString & title)
@@ -100,6 +100,10 @@ void add_items(QMenu & menu, std::span<const Item> items)
     }
 }
 
+/// Commands that may change the definition. Others only check it, which fills in what is derived from it.
+constexpr std::string_view editing_commands[] = { "Command_define_coordinate_transform", "Command_depth_weighting_file",
+                                                  "Command_update", "Command_set_limits_from_file", "menu_read_file" };
+
 std::string path_of(const QUrl & url) { return definition_path(std::filesystem::path(url.toLocalFile().toStdString())); }
 
 }
@@ -146,6 +150,9 @@ void MainWindow::build()
     build_menus();
     build_foot();
     previews_ = std::make_unique<DataPreviews>(*this);
+    // A box would take the address of a file that is dropped on it for a text; the window takes the file.
+    for (auto * const box : findChildren<QLineEdit *>()) box->setAcceptDrops(false);
+    for (auto * const box : findChildren<QPlainTextEdit *>()) box->setAcceptDrops(false);
     // Each file box has a button of its own beside it, which opens its dialog as a double click does.
     for (auto * const button : findChildren<QToolButton *>()) {
         const QString name = button->objectName();
@@ -233,10 +240,8 @@ void MainWindow::wire_layout()
     });
     connect(layout_, &LayoutPanel::pointer_released, this,
             [this, &setup](double x, double y) { guarded([&] { choose_at(setup, x, y); }); });
-    connect(layout_, &LayoutPanel::clip_pressed, this, [this, &setup](int index, bool up) {
-        guarded([&] { press_clip(setup, index, up, host_); });
-        setWindowModified(true);
-    });
+    connect(layout_, &LayoutPanel::clip_pressed, this,
+            [this, &setup](int index, bool up) { guarded_change([&] { press_clip(setup, index, up, host_); }); });
     connect(layout_, &LayoutPanel::save_picture, this, [this] {
         guarded([this] {
             const auto path =
@@ -296,17 +301,30 @@ void MainWindow::guarded(const std::function<void()> & action)
     try {
         action();
     } catch (const Stopped &) {
-        statusBar()->showMessage(tr("Stopped. What had been written stays, and is not complete"));
+        // said below: most commands end by themselves
     } catch (const std::exception & fault) {
         host_.dialogs.message(fault.what());
     }
     display_progress_.end_command();
     refresh();
+    if (display_progress_.stopped())
+        statusBar()->showMessage(tr("Stopped. What had been written stays, and is not complete"), message_time);
     if (closing_ || session_.done) close();
+}
+
+void MainWindow::guarded_change(const std::function<void()> & action)
+{
+    const InversionDefinition before = session_.setup.definition;
+    guarded(action);
+    if (session_.setup.definition != before) setWindowModified(true);
 }
 
 void MainWindow::changed(const std::string & control, int index)
 {
+    if (control == "Combo_names" && !returning_) {
+        take_column(index);
+        return;
+    }
     guarded([&] {
         if (waits_until_left(control)) return;
         try {
@@ -318,31 +336,49 @@ void MainWindow::changed(const std::string & control, int index)
     if (control != "Tab_inversion" && control != "Combo_view_limits") setWindowModified(true);
 }
 
+void MainWindow::take_column(int index)
+{
+    returning_ = true;
+    changed("Combo_names", index);
+    // The list took the focus, and has given it to whatever comes next.
+    if (auto * const box = qobject_cast<QWidget *>(view_->widget_of(last_entered_.first, last_entered_.second))) box->setFocus();
+    returning_ = false;
+}
+
 void MainWindow::left(const std::string & control, int index)
 {
+    if (control == "Combo_names") {
+        take_column(index);
+        return;
+    }
     guarded([&] { form_left(session_.setup, control, index, host_); });
 }
 
 void MainWindow::entered(const std::string & control, int index)
 {
+    if (returning_ || control == "Combo_names") return; // the list is part of the box that it lies over
     last_entered_ = { control, index };
     guarded([&] { form_entered(session_.setup, control, index); });
 }
 
 void MainWindow::pressed(const std::string & control, int index)
 {
-    const bool reads = control == "menu_file_list" || (control == "menu_read_file" && index == 0);
+    const bool reads = control == "menu_file_list" || (control == "menu_read_file" && index == 0) ||
+                       control == "menu_define_inversion_mode"; // which begins anew
     const bool keeps = control == "menu_save" || (control == "Command_create_inversion" && index == 0);
     // A shortcut leaves the box that is being typed in where it is.
     if (auto * const box = qobject_cast<QLineEdit *>(focusWidget()); box && box->property("changed").toBool())
         emit box->editingFinished();
     if (reads && !may_drop_changes()) return;
     statusBar()->clearMessage();
-    guarded([&] {
-        if (::press(session_, control, index, host_) != Status::good) return;
-        if (reads || keeps) setWindowModified(false);
-        tell_done(control, index);
-    });
+    Status status = Status::bad;
+    const auto run = [&] { status = ::press(session_, control, index, host_); };
+    if (std::ranges::find(editing_commands, control) != std::end(editing_commands))
+        guarded_change(run);
+    else
+        guarded(run);
+    if (status == Status::good && (reads || keeps)) setWindowModified(false);
+    if (status == Status::good) tell_done(control, index);
 }
 
 /// Says in the foot what a command has done where nothing else shows it.
@@ -371,16 +407,19 @@ void MainWindow::tell_done(const std::string & control, int index)
 
 void MainWindow::opened(const std::string & control, int index)
 {
-    if (!is_file_box(control)) return;
-    guarded([&] { pick_file(session_.setup, control, index, host_); });
-    setWindowModified(true);
+    if (is_file_box(control))
+        guarded_change([&] { pick_file(session_.setup, control, index, host_); });
+    else if (control == "Dir1")
+        guarded([this] { pick_location(session_.setup.form, host_); });
+    else
+        entered(control, index); // a box that has the focus still gets its list of names again
 }
 
 void MainWindow::show_running(bool running)
 {
+    if (running) statusBar()->clearMessage(); // it would hide the words of the steps
     bar_->setVisible(running);
     stop_->setVisible(running);
-    if (running) statusBar()->clearMessage();
     if (!running) step_->clear();
     view_->freeze(running);
     if (running)
@@ -405,15 +444,14 @@ void MainWindow::open_definition(const std::string & path)
     });
 }
 
-void MainWindow::take_data_file(const std::string & path)
+void MainWindow::take_dropped_file(const std::string & path, const QPoint & place)
 {
-    const bool topography = pages_->currentIndex() == topography_page;
-    const int slot = topography ? 1 : session_.setup.definition.data_file_type == 1 ? 2 : 0;
-    guarded([&] {
-        session_.setup.form("Text_data_locations", slot).text = path;
-        form_left(session_.setup, "Text_data_locations", slot, host_);
-    });
-    setWindowModified(true);
+    auto [control, index] = view_->control_of(childAt(place));
+    if (!is_file_box(control)) {
+        control = "Text_data_locations";
+        index = pages_->currentIndex() == topography_page ? 1 : session_.setup.definition.data_file_type == 1 ? 2 : 0;
+    }
+    guarded_change([&, &control = control, &index = index] { take_file(session_.setup, control, index, path, host_); });
 }
 
 void MainWindow::closeEvent(QCloseEvent * event)
@@ -436,6 +474,7 @@ void MainWindow::closeEvent(QCloseEvent * event)
 
 void MainWindow::dragEnterEvent(QDragEnterEvent * event)
 {
+    if (display_progress_.in_command()) return;
     if (event->mimeData()->hasUrls() && event->mimeData()->urls().first().isLocalFile()) event->acceptProposedAction();
 }
 
@@ -445,5 +484,5 @@ void MainWindow::dropEvent(QDropEvent * event)
     if (same_text(file_extension_of_path(path), "inp"))
         open_definition(path);
     else
-        take_data_file(path);
+        take_dropped_file(path, event->position().toPoint());
 }

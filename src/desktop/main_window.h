@@ -53,10 +53,14 @@ private:
 
     void number_pages(bool refined);
     void show_column_names();
+    /// Takes the column that was picked in the list of names, and goes back to its box.
+    void take_column(int index);
     void show_running(bool running);
+    /// As `guarded`, for what may change the definition without a control that tells of it.
+    void guarded_change(const std::function<void()> & action);
     bool may_drop_changes();
-    /// Takes a file into the data box of the page that is shown.
-    void take_data_file(const std::string & path);
+    /// Takes a file into the file box at a place of the window, or else into the data box of the page that is shown.
+    void take_dropped_file(const std::string & path, const QPoint & place);
 
     void closeEvent(QCloseEvent * event) override;
     void dragEnterEvent(QDragEnterEvent * event) override;
@@ -80,5 +84,6 @@ private:
     std::unique_ptr<DataPreviews> previews_;
     std::unique_ptr<FormView> view_;
     std::pair<std::string, int> last_entered_;
+    bool returning_ = false; ///< the focus goes back to the box that was filled from the list of names
     bool closing_ = false;
 };

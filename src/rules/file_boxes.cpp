@@ -116,14 +116,18 @@ void pick_file(Setup & setup, std::string_view control, int index, Host & host)
     const FileBox * box = find_file_box(setup, control, index);
     if (box == nullptr) return;
     const auto picked = host.dialogs.open_file({ box->title, box->filter, start_of(setup.form(control, index).text), "" });
-    if (!picked) return;
+    if (picked) take_file(setup, control, index, *picked, host);
+}
+
+void take_file(Setup & setup, std::string_view control, int index, const std::string & path, Host & host)
+{
     if (control == data_box) {
-        take_data_file(setup, index, *picked);
+        take_data_file(setup, index, path);
         return;
     }
-    setup.form(control, index).text = *picked;
+    setup.form(control, index).text = path;
     form_changed(setup, control, index, host);
-    if (control == "Text_depth_weighting_file") setup.definition.model_bounds.at(static_cast<std::size_t>(index)) = *picked;
+    if (control == "Text_depth_weighting_file") setup.definition.model_bounds.at(static_cast<std::size_t>(index)) = path;
 }
 
 bool leave_file_box(Setup & setup, std::string_view control, int index, Host &)

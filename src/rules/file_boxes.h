@@ -11,6 +11,9 @@ bool is_file_box(std::string_view control);
 /// changes nothing.
 void pick_file(Setup & setup, std::string_view control, int index, Host & host);
 
+/// Takes a file into a box, as one that was picked in its dialog.
+void take_file(Setup & setup, std::string_view control, int index, const std::string & path, Host & host);
+
 /// Takes the name that was typed into a data box into its slot and looks at the file: its kind, its preview and its columns. A
 /// box that has lost its text clears the slot. False when the control is no data box.
 bool leave_file_box(Setup & setup, std::string_view control, int index, Host & host);

@@ -3,6 +3,7 @@
 #include "batch/tiny_survey.h"
 
 #include <cstdlib>
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -63,5 +64,16 @@ inline FileNames files_of(const std::filesystem::path & folder)
 {
     FileNames files;
     for (const auto & entry : std::filesystem::directory_iterator(folder)) files.insert(entry.path().filename().string());
+    return files;
+}
+
+using Files = std::map<std::string, std::string>;
+
+/// Every file under a folder with its bytes.
+inline Files tree_of(const std::filesystem::path & folder)
+{
+    Files files;
+    for (const auto & entry : std::filesystem::recursive_directory_iterator(folder))
+        if (entry.is_regular_file()) files[entry.path().lexically_relative(folder).generic_string()] = bytes_of(entry.path());
     return files;
 }

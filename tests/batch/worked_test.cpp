@@ -3,7 +3,6 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
-#include <map>
 
 namespace {
 
@@ -56,17 +55,6 @@ const TiledCase tiled_cases[] = {
     { "gravity_v5", "gravity_v5", "base.den", "", {}, refined + complete, false },
     { "own_gravity", "own_gravity", "base.den", "", { "--yes" }, refined + missing_matrix + "Yes\n" + complete, false },
 };
-
-using Files = std::map<std::string, std::string>;
-
-/// Every file under a folder with its bytes.
-Files tree_of(const std::filesystem::path & folder)
-{
-    Files files;
-    for (const auto & entry : std::filesystem::recursive_directory_iterator(folder))
-        if (entry.is_regular_file()) files[entry.path().lexically_relative(folder).generic_string()] = bytes_of(entry.path());
-    return files;
-}
 
 FileNames names_of(const Files & files)
 {
