@@ -145,14 +145,17 @@ struct DrivenWindow {
     void choose_menu(const std::string & item)
     {
         auto & action = widget<QAction>(item);
-        for (QAction * const top : window.menuBar()->actions()) {
-            QMenu & menu = *top->menu();
-            if (!menu.actions().contains(&action)) continue;
-            click(*window.menuBar(), window.menuBar()->actionGeometry(top).center());
-            if (!action.isVisible() || !action.isEnabled()) throw std::runtime_error("cannot be chosen: " + item);
-            menu.setActiveAction(&action);
-            QTest::keyClick(&menu, Qt::Key_Return);
+        auto & menu = *qobject_cast<QMenu *>(action.parent());
+        if (auto * const above = qobject_cast<QMenu *>(menu.parent())) {
+            click(*window.menuBar(), window.menuBar()->actionGeometry(above->menuAction()).center());
+            above->setActiveAction(menu.menuAction());
+            QTest::keyClick(above, Qt::Key_Right);
+        } else {
+            click(*window.menuBar(), window.menuBar()->actionGeometry(menu.menuAction()).center());
         }
+        if (!action.isVisible() || !action.isEnabled()) throw std::runtime_error("cannot be chosen: " + item);
+        menu.setActiveAction(&action);
+        QTest::keyClick(&menu, Qt::Key_Return);
     }
 
     std::string text(const std::string & box) { return widget<QLineEdit>(box).text().toStdString(); }
