@@ -16,7 +16,7 @@ struct RecordedDialogs : Dialogs {
     std::vector<std::string> questions; ///< questions, file dialogs and input boxes by their text or title
     std::deque<std::string> picks;      ///< for file, folder and input dialogs, in order
     std::optional<PointTransform> defined_transform;
-    FileDialog last_file;               ///< the last dialog for a file to open
+    FileDialog last_file; ///< the last dialog for a file to open
 
     void message(const std::string & text) override { messages.push_back(text); }
     bool question(const std::string & text) override
