@@ -1,3 +1,5 @@
+#ifdef _WIN32 // built only there; other checkers of sources pass it by
+
 #include "app/registry_settings.h"
 
 #include "host/settings_store.h"
@@ -93,3 +95,5 @@ bool write_registry(const std::string & application, const std::string & section
     const auto size = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
     return ::RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), wide(name).c_str(), REG_SZ, value.c_str(), size) == ERROR_SUCCESS;
 }
+
+#endif
