@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <functional>
 #include <map>
-#include <regex>
+#include <string_view>
 
 namespace {
 
@@ -55,14 +55,28 @@ struct CommandLine {
     TransformOptions transform;
 };
 
-/// A check that the whole text matches a pattern.
-CLI::Validator matches(const char * pattern, const char * fault)
+/// Numbers of at most `digits` digits with commas between, as many as `count`.
+bool is_number_list(std::string_view text, std::size_t count, std::size_t digits)
 {
-    return CLI::Validator(
-        [pattern, fault](const std::string & text) {
-            return std::regex_match(text, std::regex(pattern)) ? std::string() : fault;
-        },
-        "");
+    for (std::size_t i = 1; i <= count; ++i) {
+        const std::string_view number = text.substr(0, text.find(','));
+        if (number.empty() || number.size() > digits || number.find_first_not_of("0123456789") != number.npos) return false;
+        text.remove_prefix(number.size());
+        if (text.empty() != (i == count)) return false;
+        if (i < count) text.remove_prefix(1);
+    }
+    return true;
+}
+
+std::string tile_fault(const std::string & text)
+{
+    return is_number_list(text, 2, 4) ? std::string() : "must be a column and a row, as in 02,03";
+}
+
+std::string order_fault(const std::string & text)
+{
+    const bool good = is_number_list(text, 3, 1) && text.find_first_not_of("01,") == text.npos;
+    return good ? std::string() : "must be three of 0 and 1, as in 0,1,0";
 }
 
 /// "02,03": column 2, row 3.
@@ -103,13 +117,13 @@ void add_create(CommandLine & line)
     CLI::Option * const mesh = add_base(command, line.create.base);
     command->add_option("--skip-tile", line.skip_tiles, "tile to leave out: column,row, as in 02,03; may be given again")
         ->needs(mesh)
-        ->check(matches("[0-9]{1,4},[0-9]{1,4}", "must be a column and a row, as in 02,03"))
+        ->check(tile_fault)
         ->allow_extra_args(false);
     command
         ->add_option("--tile-order", line.tile_order,
                      "order of the tiles: by column or row, bottom or top first, left or right first; 0 or 1 each, as in 0,1,0")
         ->needs(mesh)
-        ->check(matches("[01],[01],[01]", "must be three of 0 and 1, as in 0,1,0"));
+        ->check(order_fault);
     command->add_flag("--yes", line.yes, "answer every question with Yes");
     command->callback([&line] {
         line.run = [&line](Host & host) {
