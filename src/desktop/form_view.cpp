@@ -243,6 +243,7 @@ void FormView::listen(const std::string & control, int index, QObject & widget)
         connect(line, &QLineEdit::textEdited, this, [=, this](const QString & text) {
             tell(events_.changed, [&text](Control & c) { c.text = text.toStdString(); });
             line->setProperty("changed", true);
+            line->setProperty("touched", true);
         });
         connect(line, &QLineEdit::editingFinished, this, [=, this] {
             if (!line->property("changed").toBool()) return;
@@ -313,12 +314,13 @@ void FormView::freeze(bool frozen)
             action->setEnabled(!frozen && form_(row.control, row.index).enabled);
 }
 
-void FormView::show_faults(const Faults & fault_of)
+void FormView::show_faults(const Faults & fault_of, bool mark_all)
 {
     for (const Join & row : joins_) {
         auto * const box = qobject_cast<QLineEdit *>(row.widget.data());
         if (box == nullptr) continue;
-        const QString fault = shown(fault_of(row.control, row.index));
+        const bool counts = mark_all || box->property("touched").toBool();
+        const QString fault = counts ? shown(fault_of(row.control, row.index)) : QString();
         if (box->property("fault").toString() == fault) continue;
         if (!box->property("own_tip").isValid()) box->setProperty("own_tip", box->toolTip());
         box->setProperty("fault", fault);

@@ -37,9 +37,10 @@ public:
     /// While frozen, nothing can be typed, chosen or pressed.
     void freeze(bool frozen);
 
-    /// Shows the words under a box that would fail its check; empty takes them back.
+    /// Marks the boxes that would fail their check, with its words. Without mark_all only those that have been typed in: an empty
+    /// form is not all faults.
     using Faults = std::function<std::string(const std::string & control, int index)>;
-    void show_faults(const Faults & fault_of);
+    void show_faults(const Faults & fault_of, bool mark_all);
 
     /// Controls that have no widget, and widgets with a control's prefix that have no control.
     QStringList unjoined() const;

@@ -258,7 +258,8 @@ void MainWindow::refresh()
     const Setup & setup = session_.setup;
     number_pages(setup.refinement_mode == 1);
     view_->show();
-    view_->show_faults([&setup](const std::string & control, int index) { return box_fault(setup, control, index); });
+    const bool opened = setup.form["Form_mag3d"].caption.starts_with("3D inversion setup");
+    view_->show_faults([&setup](const std::string & control, int index) { return box_fault(setup, control, index); }, opened);
     if (!display_progress_.in_command()) previews_->show(setup);
     layout_->show_layout(setup);
     show_column_names();
