@@ -1,4 +1,5 @@
 #include "app/started_session.h"
+#include "fakes/case_table.h"
 
 namespace {
 
@@ -10,25 +11,9 @@ Texts words_of(const std::string & line)
 
 }
 
-TEST(start_session, given_nothing_then_the_menus_name_their_choices)
-{
-    StartedSession s;
-    Texts captions;
-    for (int i = 0; i < 5; ++i) captions.push_back(s.control("menu_read_file", i).caption);
-    EXPECT_EQ(captions, (Texts{ "All Defintions", "Inversion Parameters", "Observed Data", "Topo Data", "Mesh Defintions" }));
-    EXPECT_EQ(s.control("menu_define_inversion_mode", 1).caption, "Switch to Refinement Mode");
-}
-
 TEST(recent_files, given_files_opened_one_by_one_then_the_newest_stands_first_and_once)
 {
-    const std::pair<const char *, const char *> cases[] = {
-        { "a b c", "c b a" },
-        { "a b c a", "a c b" },
-        { "a b b", "b a" },
-        { "a b c d e f g", "g f e d c b" },
-        { "a b c d e f a", "a f e d c b" },
-    };
-    for (const auto & [opened, list] : cases) {
+    for (const auto & [opened, list] : cases_of<2>("recent_files.cases")) {
         SCOPED_TRACE(opened);
         StartedSession s;
         for (const std::string & path : words_of(opened)) add_file_to_MRU(s.session, path, s.host);
@@ -41,17 +26,7 @@ TEST(recent_files, given_files_opened_one_by_one_then_the_newest_stands_first_an
 
 TEST(recent_files, given_what_the_settings_hold_when_started_then_what_is_there_is_shown)
 {
-    // "@" a file that is there, "-" one that has gone, "." a blank text, "!" nothing kept
-    const std::pair<const char *, const char *> cases[] = {
-        { "!", "" },
-        { "@a -b @c", "1: a 2: c" },
-        { "@a . @c", "1: a" },
-        { "@a ! @c", "1: a" },
-        { "@b @a @b", "1: b 2: a" }, // left behind by a shorter list
-        { "-a", "" },
-        { "@a @b @c @d @e @f @g", "1: a 2: b 3: c 4: d 5: e 6: f" },
-    };
-    for (const auto & [kept, captions] : cases) {
+    for (const auto & [kept, captions] : cases_of<2>("kept_files.cases")) {
         SCOPED_TRACE(kept);
         StartedSession s;
         int number = 0;

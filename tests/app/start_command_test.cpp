@@ -1,27 +1,19 @@
 #include "app/start_command.h"
 #include "app/started_session.h"
+#include "fakes/case_table.h"
 
 TEST(start, given_method_mode_and_variation_then_the_script_of_the_folder_is_started_once)
 {
-    const struct {
-        int method, refinement_mode;
-        bool variation;
-        const char * script;
-    } cases[] = {
-        { 0, 0, true, "run_maginv3d.bat" }, { 3, 0, true, "run_maginv3d.bat" },   { 6, 0, true, "run_maginv3d.bat" },
-        { 1, 0, true, "run_gzinv3d.bat" },  { 2, 0, true, "run_gzinv3d.bat" },    { 5, 0, true, "run_gzinv3d.bat" },
-        { 4, 0, true, "run_qvinv3d.bat" },  { 4, 0, false, "run_inversion.bat" }, { 1, 1, true, "iter_all.bat" },
-    };
-    for (const auto & [method, refinement_mode, variation, script] : cases) {
-        SCOPED_TRACE(std::string(script) + " " + std::to_string(method));
+    for (const auto & [method, refinement_mode, variation, script] : cases_of<4>("start_scripts.cases")) {
+        SCOPED_TRACE(script + " " + method);
         StartedSession s;
         make_folder_path(s.folder.file("run"));
-        s.session.setup.definition.inversion_method = method;
-        s.session.setup.refinement_mode = refinement_mode;
-        s.control("Check_generate_inversion_variation").on = variation;
+        s.session.setup.definition.inversion_method = number_in(method);
+        s.session.setup.refinement_mode = number_in(refinement_mode);
+        s.control("Check_generate_inversion_variation").on = variation == "yes";
         s.control("Text_directory_name").text = " run ";
         EXPECT_EQ(press_start_inversion(s.session, s.host), Status::bad); // the script is not there yet
-        s.folder.write(std::string("run\\") + script, "");
+        s.folder.write("run\\" + script, "");
         EXPECT_EQ(press_start_inversion(s.session, s.host), Status::good);
         EXPECT_EQ(s.launcher.started, Texts{ s.folder.file("run\\") + script });
         EXPECT_EQ(s.said(), (Texts{ "The inversion batch file does not exist", "The 3D inversion process has been started" }));

@@ -14,12 +14,3 @@ TEST(tile_input, given_a_run_then_the_whole_input)
         EXPECT_EQ(lines, expected) << method << " " << type << " " << run << " " << changes;
     }
 }
-
-TEST(tile_input, given_a_tiled_run_then_the_input_at_the_top_has_one_to_go_on_from)
-{
-    const GivenTiles tiles("3", "1");
-    write_inversion_inputs(tiles.creation());
-    const std::string input = tiles.folder.read("inv\\maginv3d.inp");
-    EXPECT_TRUE(input.starts_with("0\r\n3\r\n"));
-    EXPECT_EQ(tiles.folder.read("inv\\maginv3d.restart"), "1" + input.substr(1));
-}

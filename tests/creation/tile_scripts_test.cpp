@@ -6,11 +6,6 @@
 
 namespace {
 
-/// Answers Yes where the recorded ones say No.
-struct AgreeingDialogs : RecordedDialogs {
-    bool question(const std::string & text) override { return RecordedDialogs::question(text), true; }
-};
-
 /// Writes the run files of all tiles, as far as the user goes on.
 bool write_tiles(const GivenTiles & tiles, RecordedDialogs & dialogs)
 {
@@ -24,10 +19,6 @@ bool write_tiles(const GivenTiles & tiles, RecordedDialogs & dialogs)
         if (!write_tile_run_files(creation, tile, matrix, host)) return false;
     return true;
 }
-
-const Lines find_and_warn = { "Select the location of the coarse model MTX file",
-                              "Warning: The tiling may not work correctly if the MTX file does not exist when the inversion is "
-                              "run. Continue setup?" };
 
 }
 
@@ -83,34 +74,13 @@ TEST(tile_scripts, given_a_solver_then_its_inputs_lie_at_the_top_and_in_each_til
     }
 }
 
-TEST(tile_scripts, given_no_coarse_matrix_and_a_user_who_stops_then_the_script_ends_there)
-{
-    const GivenTiles tiles("4", "1", "", "Tile coarse model: 1");
-    RecordedDialogs dialogs;
-    EXPECT_FALSE(write_tiles(tiles, dialogs));
-    EXPECT_EQ(dialogs.questions, find_and_warn);
-    EXPECT_TRUE(tiles.folder.read("inv\\tile0101.bat").ends_with(" 300.063 400.063\r\n \r\n"));
-    EXPECT_FALSE(tiles.folder.has("inv\\tile0101\\qvinv3d.inp"));
-    EXPECT_FALSE(tiles.folder.has("inv\\tile0102.bat"));
-}
-
-TEST(tile_scripts, given_no_coarse_matrix_and_a_user_who_goes_on_then_one_question_for_all_tiles)
-{
-    const GivenTiles tiles("4", "1", "", "Tile coarse model: 1");
-    AgreeingDialogs dialogs;
-    EXPECT_TRUE(write_tiles(tiles, dialogs));
-    EXPECT_EQ(dialogs.questions, find_and_warn);
-    for (const char * script : { "inv\\tile0101.bat", "inv\\tile0203.bat" })
-        EXPECT_NE(tiles.folder.read(script).find("\nqvpre3d ..\\..\\qvinv3d.mtx tilenull.sus "), std::string::npos);
-}
-
 TEST(tile_scripts, given_a_user_who_finds_the_coarse_matrix_then_its_folder)
 {
     const GivenTiles tiles("4", "1", "", "Tile coarse model: 1");
     RecordedDialogs dialogs;
     dialogs.picks = { tiles.folder.file("else where\\any.mtx") };
     EXPECT_TRUE(write_tiles(tiles, dialogs));
-    EXPECT_EQ(dialogs.questions, Lines{ find_and_warn[0] });
+    EXPECT_EQ(dialogs.questions, Lines{ "Select the location of the coarse model MTX file" });
     EXPECT_NE(tiles.folder.read("inv\\tile0203.bat").find("\nqvpre3d ..\\..\\else where\\qvinv3d.mtx tilenull.sus "),
               std::string::npos);
 }

@@ -64,13 +64,6 @@ TEST(read_backdrop, given_files_that_cannot_be_shown_then_a_message_each_and_the
     EXPECT_TRUE(given.backdrop.reading_x.empty() && given.backdrop.ground.columns == 0);
 }
 
-TEST(read_backdrop, given_the_users_stop_then_it_ends)
-{
-    Given given;
-    given.progress.stop_at_percent = 100;
-    EXPECT_THROW(given.read(), Stopped);
-}
-
 TEST(same_backdrop, given_a_change_then_only_one_of_the_files_counts)
 {
     Given given;

@@ -130,15 +130,6 @@ TEST(process_inversion_data, given_the_third_column_then_the_extra_value_comes_b
     EXPECT_EQ(p.readings.selected.extra_value[1], 3);
 }
 
-TEST(location_source, given_topography_then_places_alone)
-{
-    InversionDefinition definition = small_definition("Obs data definitions: 1 0 1 5 1 2 3 4 0 0 0; Topo offset: 2");
-    definition.data_kind[1] = 2;
-    const LocationSource source = location_source(definition, 1);
-    EXPECT_TRUE(source.line_column == -1 && source.value_column == (std::array<std::int32_t, 3>{}));
-    EXPECT_TRUE(source.elevation_offset == 2 && source.file_type == 2);
-}
-
 TEST(process_inversion_data, given_shifts_or_few_readings_then_words)
 {
     Processor p;

@@ -58,27 +58,6 @@ TEST(settings, given_a_restart_then_recent_files_and_folder_and_size_are_as_they
     EXPECT_EQ(given.text("Text_data_locations_0"), "data.csv");
 }
 
-TEST(settings, given_settings_that_are_damaged_or_cannot_be_written_then_only_they_are_lost)
-{
-    const TemporaryFolder kept;
-    const TinySurvey survey;
-    using enum std::filesystem::perms;
-    for (const auto & [name, content, rights] : { std::tuple("damaged", "{\"Brindlewood\": [", owner_all),
-                                                  { "protected", "{}", owner_read },
-                                                  { "\\no folder\\x", "", none } }) {
-        SCOPED_TRACE(name);
-        const std::string path = kept.write(name, content);
-        std::error_code not_there;
-        std::filesystem::permissions(host_path(path), rights, not_there);
-        FileSettings settings(path);
-        DrivenWindow given(&settings);
-        given.window.open_definition(survey.folder.file("tiny.inp"));
-        EXPECT_EQ(recent_files(given), Texts{ "1: " + survey.folder.file("tiny.inp") });
-        EXPECT_TRUE(given.window.close());
-        EXPECT_EQ(given.dialogs.said(), Texts());
-    }
-}
-
 TEST(changes, given_some_that_are_not_saved_then_closing_and_opening_ask_and_a_save_ends_it)
 {
     DrivenWindow given;

@@ -1,3 +1,4 @@
+#include "fakes/case_table.h"
 #include "fakes/recorded_host.h"
 #include "fakes/temporary_folder.h"
 #include "grid/grid_files.h"
@@ -179,26 +180,8 @@ TEST(GridSampler, given_positions_between_beside_and_beyond_cell_centres_then_wh
     GridLimits limits;
     ASSERT_EQ(grid.prepare(limits, dialogs), Status::good);
     const GridSampler sampler(grid.header());
-    constexpr double null = -1e32;
-    struct Case {
-        double x, y, value;
-    };
-    const Case cases[] = {
-        { 100, 220, 1 },
-        { 105, 210, 3 },     // a centre; the middle of 1, 2, 4, 5
-        { 102.5, 205, 3.5 }, // a quarter of the way in both: 4.25 in the south, 1.25 in the north
-        { 115, 200, 5.5 },
-        { 115, 201, null },       // along the southern row the null carries no weight
-        { 110, 213, 2.9 + 0.15 }, // along a column: 5 - 3 * 13 / 20
-        { 110.000005, 215, 2.75 },
-        { 110.00002, 215, null }, // within a millionth of a cell of the column, and not
-        { 97, 200, 4 },
-        { 95, 230, 1 },       // in the outer half cell the edge goes on
-        { 102.5, 190, 4.25 }, // south of the last centres, between two columns
-        { 94.999, 200, null },
-        { 100, 230.001, null },
-        { 125, 230, null },
-        { std::nan(""), 200, null },
-    };
-    for (const Case & c : cases) EXPECT_DOUBLE_EQ(sample_at(sampler, c.x, c.y), c.value) << c.x << " " << c.y;
+    for (const auto & [x, y, value] : cases_of<3>("grid_sampler.cases"))
+        EXPECT_DOUBLE_EQ(sample_at(sampler, number_in<double>(x), number_in<double>(y)),
+                         value == "null" ? -1e32 : number_in<double>(value))
+            << x << " " << y;
 }

@@ -1,9 +1,9 @@
+#include "fakes/case_table.h"
 #include "mesh/given_base.h"
 #include "mesh/layout_view.h"
-#include "support/fault.h"
 
+#include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -60,19 +60,10 @@ TEST(shown_extents, given_a_choice_then_the_mesh_the_core_or_the_limits_of_the_f
 
 TEST(fit_view, given_a_range_and_a_picture_then_it_fills_one_direction_and_is_centred_in_the_other)
 {
-    // range in x and y, picture, margins left and top, scale
-    const double cases[][7] = {
-        { 400, 200, 420, 420, 10, 110, 1 }, // wider than the picture: 400 wide, so 200 high of 420
-        { 200, 400, 420, 420, 110, 10, 1 }, // higher
-        { 400, 400, 420, 420, 10, 10, 1 },
-        { 400, 200, 1020, 420, 110, 10, 2 }, // wider, but the picture more so
-        { 0, 200, 420, 420, -1, -1, -1 },
-        { 400, 0, 420, 420, -1, -1, -1 },
-        { 400, 200, 0, 420, -1, -1, -1 },
-        { 400, 200, 420, 20, -1, -1, -1 },
-        { std::nan(""), 200, 420, 420, -1, -1, -1 },
-    };
-    for (const auto & [x, y, width, height, left, top, scale] : cases) {
+    for (const auto & fields : cases_of<7>("fit_view.cases")) {
+        std::array<double, 7> numbers;
+        std::ranges::transform(fields, numbers.begin(), number_in<double>);
+        const auto & [x, y, width, height, left, top, scale] = numbers;
         SCOPED_TRACE(std::to_string(x) + " " + std::to_string(y) + " " + std::to_string(width));
         const auto view = fit_view({ 5000, 5000 + x, 7000, 7000 + y }, width, height);
         ASSERT_EQ(view.has_value(), scale > 0);
@@ -125,22 +116,9 @@ TEST(layout_lines, given_a_mesh_then_frame_mesh_and_core_or_tiles_are_drawn_in_t
 TEST(place_at, given_a_position_then_its_cell_and_in_refined_mode_its_tile)
 {
     Given given;
-    const struct {
-        double x, y;
-        const char *simple, *tiled;
-    } cases[] = {
-        { 0, 1000, "1,1", "1,1 T0101 3 x 3" },
-        { 199.9, 1149, "2,2", "2,2 T0101 3 x 3" },
-        { 200, 1150, "3,3", "3,3 T0201 3 x 3" },
-        { 399, 1199, "4,3", "4,3 T0201 3 x 3" },
-        { 400, 1100, "", "" },
-        { -0.1, 1100, "", "" },
-        { 50, 1200, "", "" },
-        { std::numeric_limits<double>::quiet_NaN(), 1100, "", "" },
-    };
-    for (const auto & [x, y, simple, tiled] : cases) {
-        EXPECT_EQ(place_at(given.simple(), x, y).text, simple) << x;
-        EXPECT_EQ(place_at(given.tiled(), x, y).text, tiled) << x;
+    for (const auto & [x, y, simple, tiled] : cases_of<4>("place_at.cases")) {
+        EXPECT_EQ(place_at(given.simple(), number_in<double>(x), number_in<double>(y)).text, simple) << x;
+        EXPECT_EQ(place_at(given.tiled(), number_in<double>(x), number_in<double>(y)).text, tiled) << x;
     }
     given.tiles.tile_x_cells[2].own_end = 4; // the last core cell and what lies outside are in no tile
     EXPECT_EQ(place_at(given.tiled(), 399, 1100).text, "4,2");

@@ -2,6 +2,8 @@
 #include "mesh/given_base.h"
 #include "support/fault.h"
 
+#include <algorithm>
+
 namespace {
 
 std::string written_bounds(const List<TileBounds> & all)
@@ -16,12 +18,10 @@ std::string written_bounds(const List<TileBounds> & all)
 
 TEST(number_of_tiles, given_core_cells_then_each_tile_holds_its_share_and_two_overlaps)
 {
-    // cells, tile size, overlap, tiles. 300: 3 would cover them, but 100 cells and the overlaps are 140. 52835: 600 take 89 each,
-    // beyond the limit of the first search. The last two leave the count at 7; -1 is a fault: no cell of its own.
-    const std::int32_t cases[][4] = { { 300, 128, 20, 4 }, { 88, 128, 20, 1 }, { 89, 128, 20, 2 },      { 1, 128, 20, 1 },
-                                      { 101, 10, 0, 11 },  { 5, 41, 20, 5 },   { 52835, 128, 20, 601 }, { 10, 40, 20, -1 },
-                                      { 10, 30, 20, -1 },  { 10, 0, 0, 7 },    { 0, 128, 20, 7 } };
-    for (const auto & [cells, size, overlap, tiles] : cases) {
+    for (const auto & fields : cases_of<4>("number_of_tiles.cases")) {
+        std::array<std::int32_t, 4> numbers;
+        std::ranges::transform(fields, numbers.begin(), number_in<std::int32_t>);
+        const auto & [cells, size, overlap, tiles] = numbers;
         InversionDefinition definition;
         definition.mesh_cells = { 300, cells, 1, 0 };
         definition.tile_y_size = size;

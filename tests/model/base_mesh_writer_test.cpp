@@ -32,35 +32,14 @@ std::string written(const UbcMesh & mesh, MeshPart part)
 TEST(write_base_mesh, given_a_part_then_its_cells_layers_and_surface)
 {
     const TemporaryFolder folder;
-    const UbcMesh mesh = mesh_in(folder, "7 2 2\n0 -100 .5\n40 20 10 10 10 20 40\n5 7\n4 6\nMesh format: 2\n"
-                                         "Number of air cells: 1\nNumber of sea cells: 1\nTopography\n"
-                                         "1 2 3 4 5 6 7 8\n11 12 13 14 15 16 17 18\n21 22 23 24 25 26 27 28\n");
-    const std::string y = "  5.00000    7.00000  \r\n", z = "  4.00000    6.00000  \r\n";
-    const std::string x = "  40.00000    20.00000    10.00000    10.00000    10.00000    20.00000  \r\n  40.00000  \r\n";
-    const std::string form = "Mesh format: 2\r\n", air = "Number of air cells: 1\r\n", sea = "Number of sea cells: 1\r\n";
-    const std::string topo = "Topography (from lower-left by row)\r\n";
-    const std::string rows = "1.00  2.00  3.00  4.00  5.00  6.00  7.00  8.00  \r\n"
-                             "11.00  12.00  13.00  14.00  15.00  16.00  17.00  18.00  \r\n"
-                             "21.00  22.00  23.00  24.00  25.00  26.00  27.00  28.00  \r\n";
-    EXPECT_EQ(written(mesh, MeshPart::all), " 7  2  2 \r\n 0 -100  .5 \r\n" + x + y + z + form + air + sea + topo + rows);
-    // without its padding, to which the air belongs
-    EXPECT_EQ(written(mesh, MeshPart::core), " 3  2  1 \r\n 60 -100 -3.5 \r\n  10.00000    10.00000    10.00000  \r\n" + y +
-                                                 "  6.00000  \r\n" + form + sea + topo +
-                                                 "3.00  4.00  5.00  6.00  \r\n13.00  14.00  15.00  16.00  \r\n"
-                                                 "23.00  24.00  25.00  26.00  \r\n");
-    // cells around the inner nodes of an axis
-    EXPECT_EQ(written(mesh, MeshPart::reduced_x),
-              " 6  2  2 \r\n 20 -100  .5 \r\n"
-              "  30.00000    15.00000    10.00000    10.00000    15.00000    30.00000  \r\n" +
-                  y + z + form + air + sea + topo +
-                  "1.50  2.50  3.50  4.50  5.50  6.50  7.50  \r\n11.50  12.50  13.50  14.50  15.50  16.50  17.50  \r\n"
-                  "21.50  22.50  23.50  24.50  25.50  26.50  27.50  \r\n");
-    EXPECT_EQ(written(mesh, MeshPart::reduced_y), " 7  1  2 \r\n 0 -97.5  .5 \r\n" + x + "  6.00000  \r\n" + z + form + air +
-                                                      sea + topo +
-                                                      "6.00  7.00  8.00  9.00  10.00  11.00  12.00  13.00  \r\n"
-                                                      "16.00  17.00  18.00  19.00  20.00  21.00  22.00  23.00  \r\n");
-    EXPECT_EQ(written(mesh, MeshPart::reduced_z),
-              " 7  2  1 \r\n 0 -100 -1.5 \r\n" + x + y + "  5.00000  \r\n" + form + air + topo + rows);
+    const std::string expected = TEST_DATA_FOLDER "/base_mesh/";
+    const UbcMesh mesh = mesh_in(folder, bytes_of(expected + "given.msh"));
+    for (const auto & [name, part] : { std::pair("all", MeshPart::all),
+                                       { "core", MeshPart::core },           // without its padding, to which the air belongs
+                                       { "reduced_x", MeshPart::reduced_x }, // cells around the inner nodes of an axis
+                                       { "reduced_y", MeshPart::reduced_y },
+                                       { "reduced_z", MeshPart::reduced_z } })
+        EXPECT_EQ(written(mesh, part), bytes_of(expected + name + ".msh")) << name;
 }
 
 TEST(write_base_mesh, given_a_drape_or_trapezoids_then_their_lines)

@@ -1,3 +1,4 @@
+#include "fakes/case_table.h"
 #include "fakes/recorded_host.h"
 #include "model/model_interpolation.h"
 
@@ -92,31 +93,18 @@ TEST(interpolate_ubc_model, given_a_null_then_constants_are_kept_to_the_bit_and_
 
 TEST(interpolate_ubc_model, given_cells_in_a_row_then_values_worked_by_hand)
 {
-    const UbcMesh equal = mesh_of({ 1, 1, 1, 1, 1, 1 }, { 1 }, { 1 }), unequal = mesh_of({ 1, 1, 3, 5 }, { 1 }, { 1 }),
-                  wide_end = mesh_of({ 3, 1 }, { 1 }, { 1 });
-    const List<float> cubes = { 0, 1, 8, 27, 64, 125 }, steps = { 0, 1, 5, 5 };
-    const struct {
-        const UbcMesh & base;
-        List<float> values;
-        double x;
-        float expected;
-    } cases[] = {
-        { equal, cubes, 3, 15.625F },       // half way: -1/16, 9/16, 9/16, -1/16
-        { equal, cubes, 2.75, 11.484375F }, // a quarter: -9/128, 111/128, 29/128, -3/128
-        { equal, cubes, 1, 0.125F },        // first interval: slopes 1 and 4
-        { equal, cubes, 0.25, -0.25F },     // outer half cell: a straight line
-        { equal, cubes, 0, -0.5F },         // on the first node, inside
-        { equal, cubes, -0.001, null },
-        { equal, cubes, 6, null },                         // on the last node, outside
-        { unequal, steps, 2.5, 3.25F },                    // slopes 5/3 and 2/3 over the gap of 2
-        { equal, { 0, 1, 8, 27, null, 7 }, 2.75, 12.75F }, // a null among the four: linear
-        { equal, { 0, 1, 8, null, 7, 7 }, 2.75, 9.75F },   // towards it: the slope behind, 7
-        { equal, { 0, 1, 8, null, 7, 7 }, 3, null },       // an inner node belongs to the cell behind it
-        { equal, { null, null, 8, null, 7, 7 }, 2.75, 8 }, // alone
-        { unequal, { null, 1, 5, null }, 4.75, 7.5F },     // a wide cell goes on as far as its straight line
-        { wide_end, { 0, 4 }, 0, -3 },
+    const auto numbers = [](const std::string & words) {
+        std::vector<double> list;
+        for (const std::string & word : parts_of(words, ' ')) list.push_back(word == "*" ? -1e32 : number_in<double>(word));
+        return list;
     };
-    for (const auto & c : cases) EXPECT_EQ(at(c.base, c.values, { c.x, 0.5, -0.5 }), c.expected) << c.x;
+    for (const auto & [widths, values, x, expected] : cases_of<4>("cells_in_a_row.cases")) {
+        List<float> row;
+        for (const double value : numbers(values)) row.push_back(static_cast<float>(value));
+        EXPECT_EQ(at(mesh_of(numbers(widths), { 1 }, { 1 }), row, { number_in<double>(x), 0.5, -0.5 }),
+                  static_cast<float>(numbers(expected)[0]))
+            << values << " at " << x;
+    }
 }
 
 TEST(interpolate_ubc_model, given_noise_and_nulls_then_bounds_hold_and_neither_threads_nor_the_way_matter)

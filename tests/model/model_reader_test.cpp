@@ -135,42 +135,19 @@ TEST(read_model_values, given_a_huge_mesh_and_a_small_file_then_it_ends_at_once)
 
 TEST(read_model_file, given_kinds_and_null_limits_then_internal_units_range_and_sign)
 {
-    struct Case {
-        std::int32_t type;
-        float scale, null;
-        const char *content, *values;
-        float least, most;
-        std::int32_t sign;
-        const char * pattern;
-    };
-    const Case cases[] = {
-        // at or below a null of -1; -0.5 is a value
-        { 1, 1e6F, -1, "-1 -0.5 -1.5 0.25", "-1E+32 -1E+32 -500000 250000", -500000, 250000, 1, "0.00" },
-        { 3, 1000, -1, "0.001 0.00001 0.002 0.005", "1 2 0.01 5", 0.01F, 5, 2, "0.00" },
-        { 1, 1, -1, "-0.5 -0.25 -0.5 -0.125", "-0.5 -0.5 -0.25 -0.125", -0.5F, -0.125F, 3, "0.000" },
-        // a null of 0 is none; up to 10000 it is a lower limit, above an upper one
-        { 1, 1, 0, "0 -5 1 2", "0 1 -5 2", -5, 2, 1, "0.00" },
-        { 1, 1, 10000, "9999 10000 10001 10002", "-1E+32 10001 -1E+32 10002", 10001, 10002, 2, "0.00" },
-        { 1, 1, 10001, "9999 10000 10001 1E9", "9999 -1E+32 10000 -1E+32", 9999, 10000, 2, "0.00" },
-        // inverted kinds, without values at or below 0; 0 to the highest for type 4
-        { 8, 10, -1, "4 0 -0.5 5", "2.5 -1E+32 -1E+32 2", 2, 2.5F, 2, "0.00" },
-        { 4, 1, -1, "3 4 5 5", "3 5 4 5", 0, 5, 2, "0.00" },
-        // one value alone has no sign, and none at all no range
-        { 1, 1, -1, "3 3 3 3", "3 3 3 3", 3, 3, 1, "0.00" },
-        { 4, 1, -1, "-1 -1 -1 -1", "-1E+32 -1E+32 -1E+32 -1E+32", 1e32F, -1e32F, 1, "0.00" },
-    };
-    for (const Case & c : cases) {
-        ModelCase model(2, 2, c.content);
+    for (const auto & [type, scale, null, content, values, least, most, sign, pattern] : cases_of<9>("model_kinds.cases")) {
+        SCOPED_TRACE(content);
+        ModelCase model(2, 2, content);
         UbcModel & read = model.base.model;
-        read.model_type = c.type;
-        read.model_scale = c.scale;
-        read.model_null = c.null;
+        read.model_type = number_in(type);
+        read.model_scale = number_in<float>(scale);
+        read.model_null = number_in<float>(null);
         read.model_sign = 3;
         ASSERT_EQ(model.read(), Status::good);
-        EXPECT_EQ(described(read.model_values), c.values);
-        EXPECT_EQ(std::pair(read.model_min, read.model_max), std::pair(c.least, c.most)) << c.content;
-        EXPECT_EQ(read.model_sign, c.sign) << c.content;
-        EXPECT_EQ(read.model_format_pattern, c.pattern) << c.content;
+        EXPECT_EQ(described(read.model_values), values);
+        EXPECT_EQ(std::pair(read.model_min, read.model_max), std::pair(number_in<float>(least), number_in<float>(most)));
+        EXPECT_EQ(read.model_sign, number_in(sign));
+        EXPECT_EQ(read.model_format_pattern, pattern);
         EXPECT_TRUE(read.model_loaded);
     }
 }

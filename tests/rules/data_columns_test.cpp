@@ -32,16 +32,6 @@ TEST(data_columns, given_names_and_steps_then_boxes_and_fields_follow)
     }
 }
 
-TEST(data_columns, given_a_name_picked_then_the_open_box_takes_it)
-{
-    NamedColumns columns;
-    open_column_names(columns.setup, "Text_UBC_locations_zpos", 0);
-    EXPECT_EQ(columns.setup.form["Combo_names"].position, 0);
-    columns.expect("Combo_names shown");
-    columns.act("Combo_names = 3");
-    columns.expect("Combo_names hidden; Text_UBC_locations_zpos = Alt; Obs data definitions: 2 2 1 5 1 2 3 4 0 0 0");
-}
-
 TEST(data_columns, given_a_line_number_that_is_none_then_its_message_and_no_change)
 {
     StartedSetup started;

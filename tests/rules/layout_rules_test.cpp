@@ -2,6 +2,7 @@
 #include "rules/mesh_boxes.h"
 #include "rules/refinement.h"
 #include "rules/started_setup.h"
+#include "support/numbers.h"
 
 namespace {
 
@@ -42,19 +43,6 @@ struct Refined : StartedSetup {
 
 }
 
-TEST(layout_limits, given_the_list_then_nothing_chosen_is_all_and_the_volume_needs_refined_mode)
-{
-    ::Setup setup;
-    setup.form = make_main_form();
-    const auto limits = [&setup](int position, std::int32_t mode) {
-        setup.form["Combo_view_limits"].position = position;
-        setup.refinement_mode = mode;
-        return static_cast<int>(layout_limits(setup));
-    };
-    EXPECT_EQ((std::array{ limits(-1, 0), limits(0, 0), limits(1, 0), limits(2, 0) }), (std::array{ 0, 0, 1, 1 }));
-    EXPECT_EQ((std::array{ limits(-1, 1), limits(0, 1), limits(1, 1), limits(2, 1) }), (std::array{ 0, 0, 1, 2 }));
-}
-
 TEST(layout_view, given_the_button_then_it_opens_only_over_a_definition_that_passes_its_check)
 {
     Simple given;
@@ -80,53 +68,20 @@ TEST(layout_view, given_the_button_then_it_opens_only_over_a_definition_that_pas
 
 TEST(press_clip, given_a_button_then_its_limits_move_by_a_cell_and_boxes_mesh_and_totals_follow)
 {
-    const struct {
-        int index;
-        bool up;
-        const char *wanted, *totals;
-        double west, north; // of the mesh: 20 m and 40 m of padding outside the limits
-    } cases[] = {
-        { 0, false, "Text_min_val 0 = -10; Text_max_val 0 = 100; Text_num_cells 0 = 11; Text_max_val 3 = 110", "13,7", -30, 140 },
-        { 4, true, "Text_min_val 0 = 10; Text_num_cells 0 = 9; Text_max_val 3 = 90; Text_min_east = -10", "11,7", -10, 140 },
-        { 1, false, "Text_min_val 0 = 0; Text_max_val 0 = 90; Text_num_cells 0 = 9; Text_max_val 3 = 90", "11,7", -20, 140 },
-        { 5, true, "Text_max_val 0 = 110; Text_num_cells 0 = 11; Text_max_val 3 = 110", "13,7", -20, 140 },
-        { 2, false, "Text_min_val 1 = -20; Text_num_cells 1 = 6; Text_max_val 4 = 120", "12,8", -20, 140 },
-        { 6, true, "Text_min_val 1 = 20; Text_num_cells 1 = 4; Text_max_val 4 = 80", "12,6", -20, 140 },
-        { 3, false, "Text_max_val 1 = 80; Text_num_cells 1 = 4; Text_max_val 4 = 80", "12,6", -20, 120 },
-        { 7, true, "Text_max_val 1 = 120; Text_num_cells 1 = 6; Text_max_val 4 = 120", "12,8", -20, 160 },
-        { 10, true, "Text_min_val 0 = 10; Text_max_val 0 = 110; Text_num_cells 0 = 10; Text_max_val 3 = 100", "12,7", -10, 140 },
-        { 11, false, "Text_min_val 1 = -20; Text_max_val 1 = 80; Text_num_cells 1 = 5; Text_max_val 4 = 100", "12,7", -20, 120 },
-        { 8, true, "Text_min_val 0 = 0; Text_max_val 0 = 100", "", -20, 140 },
-    };
-    for (const auto & [index, up, wanted, totals, west, north] : cases) {
-        SCOPED_TRACE(std::to_string(index) + (up ? " up" : " down"));
+    for (const auto & [limits, index, way, wanted, totals, edges] : cases_of<6>("press_clip.cases")) {
+        SCOPED_TRACE(limits + " " + index + " " + way);
         Simple given;
+        take_lines(limits, given.setup.definition);
+        EXPECT_EQ(build_design_mesh(given.setup, given.host), Status::good);
         given.act("Combo_view_limits = 1");
-        press_clip(given.setup, index, up, given.host);
+        const int button = number_in(index);
+        press_clip(given.setup, button, way == "up", given.host);
         given.expect(wanted);
         EXPECT_EQ(given.setup.form("StatusBar_coords", 2).text, totals);
-        EXPECT_EQ(given.setup.design_mesh.nodes_x[1], west);
-        EXPECT_EQ(given.setup.design_mesh.nodes_y[given.setup.design_mesh.nodes_y.size()], north);
-        const bool redrawn = index < 4 || index >= 10; // with the whole mesh in view
+        const UbcMesh & mesh = given.setup.design_mesh;
+        EXPECT_EQ(general_text(mesh.nodes_x[1]) + " " + general_text(mesh.nodes_y[mesh.nodes_y.size()]), edges);
+        const bool redrawn = button < 4 || button >= 10; // with the whole mesh in view
         given.expect(std::string("Frame_do_tile hidden; Combo_view_limits = ") + (redrawn ? "Total Region" : "Core Region"));
-    }
-}
-
-TEST(press_clip, given_one_cell_then_it_grows_and_never_goes)
-{
-    const struct {
-        std::int32_t cells;
-        int index;
-        bool up;
-        const char * wanted;
-    } cases[] = { { 1, 0, true, "1" }, { 1, 0, false, "2" }, { 1, 1, false, "1" },
-                  { 1, 1, true, "2" }, { 2, 0, true, "1" },  { 2, 1, false, "1" } };
-    for (const auto & [cells, index, up, wanted] : cases) {
-        Simple given;
-        given.setup.definition.mesh_max[0] = 10 * cells;
-        EXPECT_EQ(build_design_mesh(given.setup, given.host), Status::good);
-        press_clip(given.setup, index, up, given.host);
-        EXPECT_EQ(given.text("Text_num_cells"), wanted) << cells << " " << index << up;
     }
 }
 
