@@ -49,8 +49,7 @@ void make_ground(Run & run)
     LocationStatistics statistics;
     require(read_locations_file(location_source(run.definition, 1), ReadMode::store, points, statistics, run.quiet.host),
             "the ground's file");
-    require(interpolate_topo_points(points, run.definition, run.mesh, run.topo, whole_topography(run.mesh), run.quiet.host),
-            "the ground");
+    require(interpolate_topo_points(points, run.definition, run.mesh, run.topo, run.quiet.host), "the ground");
 }
 
 void write_mesh_and_model(Run & run)

@@ -111,8 +111,7 @@ void topography(benchmark::State & state, Layout layout)
     SilentHost silent;
     for (auto _ : state) {
         TopoSurface topo;
-        if (interpolate_topo_points(points, definition, mesh, topo, whole_topography(mesh), silent.host) != Status::good)
-            state.SkipWithError("refused");
+        if (interpolate_topo_points(points, definition, mesh, topo, silent.host) != Status::good) state.SkipWithError("refused");
         benchmark::DoNotOptimize(topo.cell_topo.items().data());
     }
 }
