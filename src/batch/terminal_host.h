@@ -1,5 +1,6 @@
 #pragma once
 
+#include "host/cancelled_dialogs.h"
 #include "host/host.h"
 #include "utilities/point_transform.h"
 
@@ -27,7 +28,7 @@ private:
 };
 
 /// Message boxes as lines on standard error. Questions are answered No, or Yes throughout; prompts are cancelled.
-class TerminalDialogs : public Dialogs {
+class TerminalDialogs : public CancelledDialogs {
 public:
     bool answer_yes = false;
 
@@ -35,11 +36,7 @@ public:
 
     void message(const std::string & text) override;
     bool question(const std::string & text) override;
-    std::optional<std::string> open_file(const FileDialog &) override { return std::nullopt; }
-    std::optional<std::string> save_file(const FileDialog &) override { return std::nullopt; }
-    std::optional<std::string> choose_folder(const std::string &, const std::string &) override { return std::nullopt; }
     std::optional<std::string> input(const std::string & title, const std::string & prompt, const std::string & start) override;
-    bool check_options(const std::string &, std::vector<CheckOption> &) override { return false; }
     std::optional<PointTransform> define_transform(const PointTransform &) override { return std::nullopt; }
 
 private:

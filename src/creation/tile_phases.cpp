@@ -1,6 +1,7 @@
 #include "creation/tile_phases.h"
 
 #include "creation/tile_scripts.h"
+#include "creation/tile_solver.h"
 #include "creation/top_scripts.h"
 #include "creation/weighting_file.h"
 #include "data/observed_output.h"
@@ -17,10 +18,7 @@
 namespace {
 
 /// ".den" for gravity, ".sus" for magnetics.
-std::string model_ending(const Run & run)
-{
-    return std::string(".") + file_extension_of_path(run.creation.files().starting_model);
-}
+std::string model_ending(const Run & run) { return tile_class(run.creation).model; }
 
 /// Calls `body` for each tile, columns outermost, with the rings around it laid.
 template <class Body>
@@ -47,7 +45,7 @@ std::string solver_model(const Run & run) { return std::string(run.creation.solv
 std::string tile_model(const Run & run)
 {
     if (!run.is_own_solver()) return solver_model(run);
-    return (file_class(run.definition) == FileClass::gravity ? "grav_tile" : "mag_tile") + model_ending(run);
+    return tile_class(run.creation).data + ("_tile" + model_ending(run));
 }
 
 bool is_first_solver(const Run & run) { return run.creation.solver().form == InputForm::first; }
@@ -62,11 +60,10 @@ bool has_data_in_tiles(const Run & run)
 /// Where the observed data of a tile go; `last` is where those of the tile before went.
 std::string tile_data_path(const Run & run, Tile tile, const std::string & last)
 {
-    const std::string observed = run.creation.files().observed;
     const bool residual_later = run.definition.tile_use_reference == 1 && !run.is_own_solver();
     const std::string ending = residual_later ? ".dat" : ".obs";
     if (!has_data_in_tiles(run)) return last + ending;
-    return run.tile_file(tile, observed.substr(0, observed.find('.')) + ending);
+    return run.tile_file(tile, tile_class(run.creation).data + ending);
 }
 
 /// Writes a tile's data and gives their number. A name that no disk would take is not written: nothing reads such a file.

@@ -1,5 +1,6 @@
 #include "desktop/backdrop_loader.h"
 
+#include "host/cancelled_dialogs.h"
 #include "support/fault.h"
 
 #include <atomic>
@@ -48,20 +49,11 @@ private:
 };
 
 /// Keeps messages for the end of the work: a box over the picture would stop the user for a decoration.
-class BackdropLoader::Collector : public Dialogs {
+class BackdropLoader::Collector : public CancelledDialogs {
 public:
     explicit Collector(std::string & messages) : messages_(messages) {}
 
     void message(const std::string & text) override { messages_ += (messages_.empty() ? "" : "\n") + text; }
-    bool question(const std::string &) override { return false; }
-    std::optional<std::string> open_file(const FileDialog &) override { return std::nullopt; }
-    std::optional<std::string> save_file(const FileDialog &) override { return std::nullopt; }
-    std::optional<std::string> choose_folder(const std::string &, const std::string &) override { return std::nullopt; }
-    std::optional<std::string> input(const std::string &, const std::string &, const std::string &) override
-    {
-        return std::nullopt;
-    }
-    bool check_options(const std::string &, std::vector<CheckOption> &) override { return false; }
     std::optional<PointTransform> define_transform(const PointTransform &) override { return std::nullopt; }
 
 private:

@@ -1,5 +1,6 @@
 #include "rules/live_checks.h"
 
+#include "host/cancelled_dialogs.h"
 #include "mesh/weighting_list.h"
 #include "rules/box_groups.h"
 #include "support/fault.h"
@@ -10,19 +11,10 @@
 namespace {
 
 /// Keeps the last message for itself.
-struct HeldMessage : Dialogs {
+struct HeldMessage : CancelledDialogs {
     std::string text;
 
     void message(const std::string & shown) override { text = shown; }
-    bool question(const std::string &) override { return false; }
-    std::optional<std::string> open_file(const FileDialog &) override { return std::nullopt; }
-    std::optional<std::string> save_file(const FileDialog &) override { return std::nullopt; }
-    std::optional<std::string> choose_folder(const std::string &, const std::string &) override { return std::nullopt; }
-    std::optional<std::string> input(const std::string &, const std::string &, const std::string &) override
-    {
-        return std::nullopt;
-    }
-    bool check_options(const std::string &, std::vector<CheckOption> &) override { return false; }
     std::optional<PointTransform> define_transform(const PointTransform &) override { return std::nullopt; }
 };
 
