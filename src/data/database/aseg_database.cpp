@@ -1,0 +1,1 @@
+#include "data/database/aseg_database.h"

@@ -1,0 +1,1 @@
+#include "data/database/database_points.h"

@@ -1,0 +1,1 @@
+#include "data/database/geosoft_database.h"

@@ -1,0 +1,1 @@
+#include "data/database/survey_database.h"

@@ -1,0 +1,1 @@
+#include "data/database/xyz_database.h"

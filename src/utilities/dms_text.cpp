@@ -1,0 +1,1 @@
+#include "utilities/dms_text.h"

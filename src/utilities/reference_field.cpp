@@ -1,0 +1,1 @@
+#include "utilities/reference_field.h"
