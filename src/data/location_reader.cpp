@@ -99,6 +99,7 @@ void read_text_points(const LocationSource & source, ReadMode mode, ObservedData
         reading.read_in_turn();
     else
         reading.read_shared(shares);
+    file.verify();
     reading.finish(data, statistics);
 }
 

@@ -114,6 +114,7 @@ public:
             for (std::int32_t e = 0; e < elements; ++e, stored += type_.bytes, at += element_stride)
                 values[static_cast<std::size_t>(at)] = value_of(stored);
         }
+        file_.verify();
     }
 
 private:

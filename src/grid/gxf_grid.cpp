@@ -124,6 +124,7 @@ public:
                 read_vector(first + i);
                 place_vector(window, i, values);
             }
+            file_.verify();
         } catch (const Fault & fault) {
             throw FileFault("cannot read", path_, fault.what());
         }

@@ -211,8 +211,12 @@ Status read_model_values(const std::string & path, std::int32_t order, float mod
     try {
         TextFile file(path);
         const Reading reading{ path, order, model_null, mesh, host, shares, file };
-        if (is_binary(reading.text)) return read_binary(reading, values);
-        return mesh.mesh_format == layered_format ? read_layered_text(reading, values) : read_text(reading, values);
+        const auto read = is_binary(reading.text)              ? &read_binary
+                          : mesh.mesh_format == layered_format ? &read_layered_text
+                                                               : &read_text;
+        const Status status = read(reading, values);
+        if (status == Status::good) file.verify();
+        return status;
     } catch (const std::exception & fault) {
         host.dialogs.message(std::string("An error occurred while reading the model file : \r") + fault.what());
         return Status::bad;

@@ -7,16 +7,18 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
-#include <utility>
 
 #ifndef _WIN32
 #include <fcntl.h>
-#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
 
 namespace {
+
+#ifndef _WIN32
+constexpr std::size_t least_mapped = std::size_t{ 1 } << 20; // a mapping is worth its while from here on
+#endif
 
 std::vector<char> read_up_to(std::size_t most, const std::string & path, std::FILE * file)
 {
@@ -32,7 +34,7 @@ std::vector<char> read_up_to(std::size_t most, const std::string & path, std::FI
 
 }
 
-FileBytes::FileBytes(const std::string & path, std::size_t most)
+FileBytes::FileBytes(const std::string & path, std::size_t most) : path_(path)
 {
     const std::filesystem::path host = host_path(path);
     std::error_code ignored;
@@ -41,15 +43,13 @@ FileBytes::FileBytes(const std::string & path, std::size_t most)
     const int descriptor = ::open(host.c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0) throw FileFault("cannot open", path, errno);
     struct stat status = {};
-    if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_size > 0 && most > 0) {
+    if (::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) {
         const std::size_t size = std::min(static_cast<std::size_t>(status.st_size), most);
-        void * const at = ::mmap(nullptr, size, PROT_READ, MAP_PRIVATE, descriptor, 0);
-        if (at != MAP_FAILED) {
+        if (size >= least_mapped) mapping_ = FileMapping::of(descriptor, size);
+        if (mapping_) {
             ::close(descriptor);
-            ::madvise(at, size, MADV_SEQUENTIAL);
-            data_ = static_cast<const char *>(at);
+            data_ = mapping_->data();
             size_ = size;
-            mapped_ = true;
             return;
         }
     }
@@ -63,15 +63,7 @@ FileBytes::FileBytes(const std::string & path, std::size_t most)
     size_ = held_.size();
 }
 
-FileBytes::~FileBytes()
+void FileBytes::verify() const
 {
-#ifndef _WIN32
-    if (mapped_) ::munmap(const_cast<char *>(data_), size_);
-#endif
-}
-
-FileBytes::FileBytes(FileBytes && other) noexcept
-    : data_(std::exchange(other.data_, nullptr)), size_(std::exchange(other.size_, 0)),
-      mapped_(std::exchange(other.mapped_, false)), held_(std::move(other.held_))
-{
+    if (mapping_ && mapping_->failed()) throw FileFault("cannot go on reading", path_, EIO);
 }

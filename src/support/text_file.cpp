@@ -14,6 +14,7 @@ bool read_line(TextFile & file, std::string & line, LineFunction read)
     std::string_view rest = file.rest();
     const std::size_t size = rest.size();
     const bool found = read(rest, line);
+    file.verify();
     file.skip(size - rest.size());
     return found;
 }

@@ -17,6 +17,8 @@ public:
     std::string_view rest() const { return bytes_.text().substr(at_); }
     void skip(std::size_t count) { at_ += count; }
     std::string_view all() const { return bytes_.text(); }
+    /// As of `FileBytes`. The functions below that take lines ask it themselves.
+    void verify() const { bytes_.verify(); }
 
 private:
     FileBytes bytes_;
