@@ -1,6 +1,7 @@
 #include "creation/coarse_section.h"
 
 #include "creation/inversion_input.h"
+#include "creation/script_words.h"
 #include "creation/tile_files.h"
 #include "creation/tile_solver.h"
 #include "support/numbers.h"
@@ -58,8 +59,8 @@ std::string tile_volume(const Creation & creation, Tile tile)
 
 std::string null_volume_line(const Creation & creation, Tile tile)
 {
-    return tile_tool(creation, "nullvol ") + mesh_from(creation, tile) + " " + model_from(creation, tile) + " " +
-           null_model(creation) + " " + tile_volume(creation, tile);
+    return tile_tool(creation, "nullvol ") + script_word(mesh_from(creation, tile)) + " " +
+           script_word(model_from(creation, tile)) + " " + null_model(creation) + " " + tile_volume(creation, tile);
 }
 
 // -- the coarse run's matrix
@@ -92,9 +93,7 @@ std::string own_forward_line(const Creation & creation, const std::string & fold
 {
     const std::string matrices = own_matrix_list(creation.definition, folder);
     const std::string data = tile_class(creation).data;
-    const bool several = creation.definition.obs_data_type_count > 1;
-    return "qvpre3d " + (several ? "\"" + matrices + "\"" : matrices) + " " + null_model(creation) + " " + data + "_null.obs " +
-           data + ".obs MASK=0";
+    return "qvpre3d " + script_word(matrices) + " " + null_model(creation) + " " + data + "_null.obs " + data + ".obs MASK=0";
 }
 
 /// The coarse run's topography lies beside its mesh.
@@ -102,7 +101,7 @@ std::string coarse_topography(const Creation & creation, Tile tile)
 {
     if (creation.definition.topo_type != 0) return "";
     const std::string mesh = mesh_from(creation, tile);
-    return " " + mesh.substr(0, mesh.find_last_of('\\') + 1) + "topo.dat";
+    return " " + script_word(mesh.substr(0, mesh.find_last_of('\\') + 1) + "topo.dat");
 }
 
 std::string forward_line(const Creation & creation, Tile tile)
@@ -135,7 +134,7 @@ Lines coarse_volume_lines(const Creation & creation, Tile tile)
                       " ",
                       cut + cut_data(creation),
                       " ",
-                      "copy " + mesh_from(creation, tile) + " tilenull.msh",
+                      "copy " + script_word(mesh_from(creation, tile)) + " tilenull.msh",
                       null_volume_line(creation, tile),
                       " ",
                   });

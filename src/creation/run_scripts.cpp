@@ -1,5 +1,6 @@
 #include "creation/run_scripts.h"
 
+#include "creation/script_words.h"
 #include "support/numbers.h"
 
 namespace {
@@ -12,8 +13,8 @@ std::string whole_mesh(const UbcMesh & mesh)
 
 std::string extract_line(const Creation & creation, const std::string & model, const char * result, const char * option)
 {
-    return creation.solver().extract_tool + (" mesh " + model) + " " + result + " " + whole_mesh(creation.mesh) + option +
-           creation.definition.rock_property_file;
+    return creation.solver().extract_tool + (" mesh " + script_word(model)) + " " + result + " " + whole_mesh(creation.mesh) +
+           option + script_word(creation.definition.rock_property_file);
 }
 
 /// Turns the rock index of bounds and reference into values. "Reference only" extracts nothing, not even the reference, although
@@ -126,5 +127,5 @@ std::vector<Script> run_scripts(const Creation & creation)
 
 void write_run_scripts(const Creation & creation)
 {
-    for (const Script & script : run_scripts(creation)) write_lines(creation.folder + script.name, script.lines);
+    for (const Script & script : run_scripts(creation)) write_script(creation.folder + script.name, script.lines);
 }

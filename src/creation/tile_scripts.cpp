@@ -1,6 +1,7 @@
 #include "creation/tile_scripts.h"
 
 #include "creation/coarse_section.h"
+#include "creation/script_words.h"
 #include "creation/tile_files.h"
 #include "creation/tile_solver.h"
 #include "support/numbers.h"
@@ -41,15 +42,15 @@ Lines initial_model_lines(const Creation & creation, Tile tile)
     const std::string & field = creation.definition.initial_model;
     if (!is_model_file(field)) return {};
     const std::string name = file_name_of_path(field);
-    return extraction("rem extract initial model", extract_line(creation, tile, name, name));
+    return extraction("rem extract initial model", extract_line(creation, tile, name, script_word(name)));
 }
 
 /// The extraction tool makes values of a model of rock numbers, under a name of its own.
 std::string rock_line(const Creation & creation, Tile tile, const std::string & model, const char * tile_model,
                       const char * option)
 {
-    return extract_line(creation, tile, model, tile_model) + option + R"( ..\)" +
-           file_name_of_path(creation.definition.rock_property_file);
+    return extract_line(creation, tile, model, tile_model) + option + " " +
+           script_word(R"(..\)" + file_name_of_path(creation.definition.rock_property_file));
 }
 
 Lines reference_lines(const Creation & creation, Tile tile)
@@ -60,7 +61,7 @@ Lines reference_lines(const Creation & creation, Tile tile)
     return extraction("rem extract reference model",
                       uses_rock_table_in_tiles(creation)
                           ? rock_line(creation, tile, name, tile_solver_of(creation).extracted_ref, " -Ref")
-                          : extract_line(creation, tile, name, name));
+                          : extract_line(creation, tile, name, script_word(name)));
 }
 
 /// Of two bounds only the lower ones are cut.
@@ -71,7 +72,7 @@ Lines bounds_lines(const Creation & creation, Tile tile)
     const std::string name = file_name_of_path(creation.definition.model_bounds[0]);
     return extraction("rem extract bounds file", uses_rock_table_in_tiles(creation)
                                                      ? rock_line(creation, tile, name, solver.extracted_bounds, " -Bounds")
-                                                     : extract_line(creation, tile, name, name) + " -Bounds");
+                                                     : extract_line(creation, tile, name, script_word(name)) + " -Bounds");
 }
 
 /// Goes on to `skipsen` when all matrices are there.
@@ -82,7 +83,7 @@ Lines matrix_test_lines(const Creation & creation)
         return { std::string("@if exist ") + creation.solver().inversion + ".mtx goto skipsen:" };
     Lines lines;
     for (std::int32_t i = 0; i < definition.obs_data_type_count; ++i)
-        lines.push_back("@if not exist " + definition.matrix_files[static_cast<std::size_t>(i)] + " goto doMTX:");
+        lines.push_back("@if not exist " + script_word(definition.matrix_files[static_cast<std::size_t>(i)]) + " goto doMTX:");
     append(lines, { "goto skipsen:", " ", ":doMTX" });
     return lines;
 }
@@ -143,7 +144,7 @@ bool write_tile_script(const Creation & creation, Tile tile, CoarseMatrix & matr
         append(script, sensitivity_lines(creation, tile));
         append(script, inversion_lines(creation, tile));
     }
-    write_lines(creation.folder + tile_name(tile) + ".bat", script);
+    write_script(creation.folder + tile_name(tile) + ".bat", script);
     return goes_on;
 }
 
@@ -161,7 +162,8 @@ std::string extract_range(const Creation & creation, Tile tile)
 
 std::string extract_line(const Creation & creation, Tile tile, const std::string & shared_model, const std::string & tile_model)
 {
-    return tile_tool(creation, R"(extract ..\mesh ..\)") + shared_model + " " + tile_model + " " + extract_range(creation, tile);
+    return tile_tool(creation, R"(extract ..\mesh )") + script_word(R"(..\)" + shared_model) + " " + tile_model + " " +
+           extract_range(creation, tile);
 }
 
 std::string insert_range(const Creation & creation, Tile tile)

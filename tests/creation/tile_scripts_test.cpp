@@ -81,6 +81,6 @@ TEST(tile_scripts, given_a_user_who_finds_the_coarse_matrix_then_its_folder)
     dialogs.picks = { tiles.folder.file("else where\\any.mtx") };
     EXPECT_TRUE(write_tiles(tiles, dialogs));
     EXPECT_EQ(dialogs.questions, Lines{ "Select the location of the coarse model MTX file" });
-    EXPECT_NE(tiles.folder.read("inv\\tile0203.bat").find("\nqvpre3d ..\\..\\else where\\qvinv3d.mtx tilenull.sus "),
+    EXPECT_NE(tiles.folder.read("inv\\tile0203.bat").find("\nqvpre3d \"..\\..\\else where\\qvinv3d.mtx\" tilenull.sus "),
               std::string::npos);
 }

@@ -29,14 +29,15 @@ REFINED = """Refinement Mode: 1; X Range: 1000 1400 50 8; Y Range: 2000 2400 50 
 class Case:
     """What a method calls, in its order, and how its input files look (the letters are told in stand_in.c)."""
 
-    def __init__(self, name, changes, sensitivity, stem, shapes, tile_shape, data="mag", matrices="qvinv3d.mtx"):
+    def __init__(self, name, changes, sensitivity, stem, shapes, tile_shape, data="mag", matrices="qvinv3d.mtx",
+                 base="coarse"):
         own = stem == "qvinv3d"
         self.refined = REFINED.format("-200 0" if own else "100 300")  # the own solver's hangs from the ground
         tool, error = ("QV", "QVerror") if own else ("DMX", "dmxerror")
         forward = {"maginv3d": "magfor3d", "gzinv3d": "gzfor3d", "qvinv3d": "qvpre3d"}[stem]
         outside = [tool + "extract", tool + "nullvol", forward] + ["DMXdelreg"] * (not own)
         end = [error, tool + "insert"]
-        self.name, self.changes, self.data, self.matrices = name, changes, data, matrices
+        self.name, self.changes, self.data, self.matrices, self.base = name, changes, data, matrices, base
         self.shapes, self.tile_shapes = shapes, {**shapes, stem: tile_shape}
         self.cluster = own  # the tiles of this solver always use it
         self.coarse = sensitivity + [f"{stem} {stem}.inp"] + [error] * own
@@ -57,7 +58,7 @@ CASES = [
          {"qvsen3d": "ffmnm.mn", "qvinv3d": "0nnffmmmmmn"}, "0nnffmmmmmf"),
     Case("own_tensor", "Inversion method: 4; Obs data types: 2 5 -1; Obs data definitions: 2 0 1 0 1 2 3 4 3 0 0",
          ["qvsen3d qvsen3d.inp"], "qvinv3d", {"qvsen3d": "ffmnm.mn", "qvinv3d": "0nnffmmmmmn"}, "0nnffmmmmmf", data="grav",
-         matrices="QVinv3D_Gzz.mtx QVinv3D_Gne.mtx"),
+         matrices="QVinv3D_Gzz.mtx QVinv3D_Gne.mtx", base="half%OS%&co"),  # what the interpreter would expand and part
 ]
 # The report on the whole names a file of one solver, which only the tiles have.
 LAST_REPORT = ["tiles: QVerror", "    lacks qvinv3d.pre"]
@@ -166,11 +167,11 @@ class Walk:
 
     def walk(self):
         case = self.case
-        self.create("coarse", [])
-        self.expect("coarse", "run_inversion.bat", case.shapes, ["coarse: " + call for call in case.coarse])
+        self.create(case.base, [])
+        self.expect(case.base, "run_inversion.bat", case.shapes, [case.base + ": " + call for call in case.coarse])
         # From the last row and column back to the first; the first column's second tile is left out.
-        self.create("tiles", [case.refined], "--base-mesh", "coarse/mesh", "--skip-tile", "1,2", "--tile-order", "1,1,1",
-                    "--base-model", "coarse/model." + ("den" if case.data == "grav" else "sus"))
+        self.create("tiles", [case.refined], "--base-mesh", case.base + "/mesh", "--skip-tile", "1,2", "--tile-order", "1,1,1",
+                    "--base-model", case.base + "/model." + ("den" if case.data == "grav" else "sus"))
         tiles = ("tile0202", "tile0201", "tile0101")
         for script, calls in (("iter_all.bat", case.first), ("iter_all.bat", case.second), ("insert_all.bat", case.insertion)):
             in_tiles = [f"{tile}: {call}" for tile in tiles for call in calls]
