@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <fmt/format.h>
 
 #ifdef _WIN32
 #include <io.h>
@@ -25,6 +26,9 @@ bool standard_error_is_terminal()
     return ::isatty(STDERR_FILENO) == 1;
 #endif
 }
+
+/// What cannot be written here has nowhere else to go; of results on standard output the stream's state tells in the end.
+void put(const std::string & text, std::FILE * stream) { static_cast<void>(std::fputs(text.c_str(), stream)); }
 
 /// A text of several lines on one.
 std::string joined(const std::string & text)
@@ -61,20 +65,20 @@ void stop_if_interrupted()
 void TerminalDialogs::message(const std::string & text)
 {
     progress_.clear_bar();
-    std::fprintf(stderr, "message: %s\n", joined(text).c_str());
+    put("message: " + joined(text) + "\n", stderr);
 }
 
 bool TerminalDialogs::question(const std::string & text)
 {
     progress_.clear_bar();
-    std::fprintf(stderr, "question: %s -> %s\n", joined(text).c_str(), answer_yes ? "Yes" : "No");
+    put("question: " + joined(text) + (answer_yes ? " -> Yes\n" : " -> No\n"), stderr);
     return answer_yes;
 }
 
 std::optional<std::string> TerminalDialogs::input(const std::string &, const std::string & prompt, const std::string &)
 {
     progress_.clear_bar();
-    std::fprintf(stderr, "question: %s -> cancelled\n", joined(prompt).c_str());
+    put("question: " + joined(prompt) + " -> cancelled\n", stderr);
     return std::nullopt;
 }
 
@@ -85,8 +89,8 @@ void TerminalProgress::end() { clear_bar(); }
 void TerminalProgress::line(const std::string & text)
 {
     clear_bar();
-    std::printf("%s\n", text.c_str());
-    std::fflush(stdout);
+    put(text + "\n", stdout);
+    static_cast<void>(std::fflush(stdout));
     stop_if_interrupted();
 }
 
@@ -108,15 +112,14 @@ void TerminalProgress::draw(int percent)
     if (!on_terminal_) return;
     constexpr int width = 40;
     const auto done = static_cast<std::size_t>(percent * width / 100);
-    std::fprintf(stderr, "\r[%s%s] %3d%% %-30s", std::string(done, '#').c_str(), std::string(width - done, ' ').c_str(), percent,
-                 step_.c_str());
-    std::fflush(stderr);
+    put(fmt::format("\r[{}{}] {:3}% {:30}", std::string(done, '#'), std::string(width - done, ' '), percent, step_), stderr);
+    static_cast<void>(std::fflush(stderr));
     bar_shown_ = true;
 }
 
 void TerminalProgress::clear_bar()
 {
     if (!bar_shown_) return;
-    std::fprintf(stderr, "\r%s\r", std::string(80, ' ').c_str());
+    put("\r" + std::string(80, ' ') + "\r", stderr);
     bar_shown_ = false;
 }

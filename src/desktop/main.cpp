@@ -10,7 +10,7 @@
 int main(int argument_count, char ** arguments)
 {
     QApplication application(argument_count, arguments);
-    std::setlocale(LC_NUMERIC, "C"); // numbers in files and boxes never follow the user's language
+    static_cast<void>(std::setlocale(LC_NUMERIC, "C")); // numbers in files and boxes never follow the user's language
     QApplication::setApplicationName(QStringLiteral("zeb_qvinv3d_setup"));
     QApplication::setApplicationVersion(QStringLiteral(PROGRAM_VERSION));
     FileSettings settings;
