@@ -27,7 +27,7 @@ std::vector<char> read_up_to(std::size_t most, const std::string & path, std::FI
     for (std::size_t count = 0; (count = std::fread(block, 1, std::min(sizeof block, most - held.size()), file)) > 0;)
         held.insert(held.end(), block, block + count);
     const int error = std::ferror(file) != 0 ? errno : 0;
-    std::fclose(file);
+    static_cast<void>(std::fclose(file)); // only read from
     if (error != 0) throw FileFault("cannot read", path, error);
     return held;
 }
