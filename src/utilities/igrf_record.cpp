@@ -1,0 +1,1 @@
+#include "utilities/igrf_record.h"
