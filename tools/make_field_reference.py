@@ -79,7 +79,7 @@ def case(epochs, rows, date, *place):
     before, behind = (elements(*(v + step * w for v, w in zip(now, yearly))) for step in (-half_day, half_day))
     d, i, f = elements(*now)
     d_sv, i_sv, f_sv = (((b - a + 180) % 360 - 180) / (2 * half_day) for a, b in zip(before, behind))
-    return " | ".join([f"{date:g}" if date == int(date) else str(date), *(f"{v:g}" for v in place), f"{d:.5f}", f"{i:.5f}",
+    return " | ".join([f"{date:g}" if date == int(date) else str(date), *(f"{v:.10g}" for v in place), f"{d:.5f}", f"{i:.5f}",
                        f"{f:.3f}", f"{d_sv * 60:.4f}", f"{i_sv * 60:.4f}", f"{f_sv:.3f}"])
 
 
