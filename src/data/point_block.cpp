@@ -1,5 +1,6 @@
 #include "data/point_block.h"
 
+#include "data/record_lines.h"
 #include "support/numbers.h"
 
 #include <algorithm>
@@ -7,23 +8,6 @@
 #include <unordered_map>
 
 namespace {
-
-bool is_comment(std::string_view line) { return line.starts_with('\\') || line.starts_with('!'); }
-
-/// The line of the next record. Every line but a comment counts towards the increment, a blank one too, but a record is never
-/// blank. False at the end of the text, even with a line in hand that has not been counted out.
-bool next_record(LineScanner & lines, std::int32_t read_increment, std::string_view & line)
-{
-    line = {};
-    for (std::int32_t count = 0; line.empty() || count < read_increment;) {
-        if (!lines.next(line)) return false;
-        if (is_comment(line))
-            line = {};
-        else
-            ++count;
-    }
-    return true;
-}
 
 /// Empties a block, but keeps the memory of the lists that every point adds to.
 void clear(PointBlock & block)

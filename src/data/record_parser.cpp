@@ -131,6 +131,13 @@ struct CommaFields {
     }
 };
 
+template <class Fields>
+void take_all(Fields fields, std::vector<std::string_view> & taken)
+{
+    taken.clear();
+    for (fields.skip_blanks(); fields.at != fields.end; fields.skip_blanks()) taken.push_back(fields.take());
+}
+
 }
 
 RecordParser::RecordParser(const LocationSource & source)
@@ -194,4 +201,13 @@ bool RecordParser::take_column(const Column & column, Fields & fields, LocationR
     if (column.category) record.category = field;
     if (column.text) record.text = field;
     return true;
+}
+
+void split_record(std::string_view line, std::vector<std::string_view> & fields)
+{
+    const char * const end = line.data() + line.size();
+    if (line.find(',') != std::string_view::npos)
+        take_all(CommaFields{ line.data(), end }, fields);
+    else
+        take_all(TokenFields{ line.data(), end }, fields);
 }

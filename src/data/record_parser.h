@@ -54,3 +54,6 @@ private:
 
     std::vector<Column> columns_; // ascending
 };
+
+/// All fields of a line as the parser takes them apart. They point into the line, behind which a byte that is no digit stands.
+void split_record(std::string_view line, std::vector<std::string_view> & fields);

@@ -42,8 +42,14 @@ public:
     virtual void lock(std::int32_t symbol) = 0;
     virtual void unlock(std::int32_t symbol) = 0;
     virtual std::int32_t channel_type(std::int32_t symbol) = 0;
-    /// In the order of the file.
+    /// In the order of the file. A text database gives a long line in pieces, each as a line, and checks all that it holds.
     virtual std::vector<DatabaseLine> lines() = 0;
+    /// Lines of the beginning that have at least so many rows together, if there are that many; quick however large the file is.
+    virtual std::vector<DatabaseLine> first_lines(std::int32_t rows)
+    {
+        static_cast<void>(rows);
+        return lines();
+    }
     /// Replaces `values` by those of a channel on a line. element: from 0, of an array channel. A channel may be shorter than
     /// others on its line, or not be there at all.
     virtual void read_channel(const DatabaseLine & line, std::int32_t symbol, std::int32_t element, ChannelValues & values) = 0;
@@ -57,7 +63,7 @@ enum class DatabaseKind {
     line_xyz   ///< *.xyz whose first record is the name of a line
 };
 
-/// What a file is, by its name and, for *.xyz, by its first lines. A file that cannot be read is no database.
+/// What a file is, by its name and, for *.xyz, by its first lines; one that cannot be read is taken for a column file.
 DatabaseKind database_kind(const std::string & path);
 
 /// How lines of a text database are taken. Other databases have no lines of text.
