@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <unordered_map>
 
 namespace {
@@ -140,6 +141,21 @@ private:
     std::unordered_map<std::string, std::int32_t> category_numbers_;
 };
 
+/// take_next: puts the next record into its argument; false when there is none.
+template <class TakeNext>
+bool fill_block(const PointRules & rules, std::int64_t most, const RecordTexts & before, PointBlock & block, TakeNext take_next)
+{
+    clear(block);
+    block.texts = before;
+    BlockFiller filler(rules, block);
+    LocationRecord record;
+    for (std::int64_t count = 0; count < most && !block.asks_for_texts; ++count) {
+        if (!take_next(record)) return false;
+        filler.take(record);
+    }
+    return true;
+}
+
 }
 
 void Tally::add(double added)
@@ -178,15 +194,20 @@ PointRules::PointRules(const LocationSource & from, ReadMode mode, const Locatio
 
 bool read_block(const PointRules & rules, LineScanner & lines, std::int64_t most, const RecordTexts & before, PointBlock & block)
 {
-    clear(block);
-    block.texts = before;
-    BlockFiller filler(rules, block);
     std::string_view line;
-    LocationRecord record;
-    for (std::int64_t count = 0; count < most && !block.asks_for_texts; ++count) {
+    return fill_block(rules, most, before, block, [&](LocationRecord & record) {
         if (!next_record(lines, rules.source.read_increment, line)) return false;
         rules.parser.parse(line, record);
-        filler.take(record);
-    }
-    return true;
+        return true;
+    });
+}
+
+void read_block(const PointRules & rules, const NextFields & next, const RecordTexts & before, PointBlock & block)
+{
+    std::vector<std::string> fields;
+    fill_block(rules, std::numeric_limits<std::int64_t>::max(), before, block, [&](LocationRecord & record) {
+        if (!next(fields)) return false;
+        rules.parser.parse(fields, record);
+        return true;
+    });
 }

@@ -138,6 +138,28 @@ void take_all(Fields fields, std::vector<std::string_view> & taken)
     for (fields.skip_blanks(); fields.at != fields.end; fields.skip_blanks()) taken.push_back(fields.take());
 }
 
+/// Fields that stand apart already.
+struct ListedFields {
+    std::span<const std::string> rest;
+
+    std::string_view take()
+    {
+        if (rest.empty()) return {};
+        const std::string_view field = rest.front();
+        rest = rest.subspan(1);
+        return field;
+    }
+
+    void skip() { take(); }
+
+    bool take_number(double & number)
+    {
+        const std::string_view field = take();
+        const char * const end = field.data() + field.size();
+        return (!field.empty() && read_plain_number(field.data(), end, number) == end) || read_number(field, number);
+    }
+};
+
 }
 
 RecordParser::RecordParser(const LocationSource & source)
@@ -170,6 +192,12 @@ void RecordParser::parse(std::string_view line, LocationRecord & record) const
         parse_fields(CommaFields{ line.data(), end }, record);
     else
         parse_fields(TokenFields{ line.data(), end }, record);
+}
+
+void RecordParser::parse(std::span<const std::string> fields, LocationRecord & record) const
+{
+    record = {};
+    parse_fields(ListedFields{ fields }, record);
 }
 
 template <class Fields>

@@ -170,7 +170,8 @@ void load_mag3d_form(Setup & setup, const InversionDefinition & given, Selection
     if (wanted(Selection::observed_data))
         take_block(setup, record, Block::observed_data, &repair_observed_data,
                    [&host](Setup & shown) { show_observed_data(shown, host); });
-    if (wanted(Selection::topography)) take_block(setup, record, Block::topography, &repair_topography,
+    if (wanted(Selection::topography))
+        take_block(setup, record, Block::topography, &repair_topography,
                    [&host](Setup & shown) { show_topography(shown, host); });
     if (wanted(Selection::mesh)) {
         take_block(setup, record, Block::mesh, &repair_mesh, &show_mesh);

@@ -86,7 +86,9 @@ List<std::string> names_in_database(const Setup & setup, int slot, Host & host)
 {
     SilentHost silent;
     const auto names = database_column_names(setup.definition, slot, setup.loading ? silent.host : host);
-    return names ? List<std::string>(*names) : List<std::string>();
+    List<std::string> listed;
+    if (names) listed.append(*names);
+    return listed;
 }
 
 std::optional<ColumnBox> column_box_of(Setup & setup, std::string_view control, int index)

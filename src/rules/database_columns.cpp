@@ -25,7 +25,10 @@ std::vector<std::string> column_texts(SurveyDatabase & database, const DatabaseL
                                       std::int32_t element, Host & host)
 {
     ChannelValues values;
+    database.lock(symbol);
+    values.type = database.channel_type(symbol);
     database.read_channel(line, symbol, element, values);
+    database.unlock(symbol);
     std::vector<std::string> texts;
     for (std::int32_t row = 1; row <= std::min(round_to_count(static_cast<double>(values.count())), most_rows); ++row)
         texts.push_back(get_gdb_val(&values, row, host));

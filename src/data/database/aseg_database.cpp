@@ -152,7 +152,7 @@ void AsegDatabase::check(std::string_view record, bool is_last, std::int32_t num
         fail(number, "the record is " + general_text(static_cast<std::int32_t>(record.size())) +
                          " characters long, and the fields of " + file_name_of_path(path_) + " take " +
                          general_text(static_cast<std::int32_t>(length)) +
-                         ". Put the definition that belongs to the data beside it, or mend the line");
+                         ". Put the definition that belongs to the data beside it, or mend its widths or the line");
     check_numbers(record, number);
 }
 

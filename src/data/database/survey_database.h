@@ -20,11 +20,14 @@ struct DatabaseLine {
 };
 
 /// The values of one channel, or of one element of an array channel, along one line. One of the three lists is filled, by `type`.
+/// A missing real is at or below -1e30. A missing integer has no mark, so integers with gaps are given as reals.
 struct ChannelValues {
     std::int32_t type = 0; ///< 0 to 3 integers, above 3 reals, below 0 texts of at most that many bytes
     std::vector<std::int32_t> integers;
     std::vector<double> reals;
     std::vector<std::string> texts;
+
+    std::size_t count() const { return type < 0 ? texts.size() : type > 3 ? reals.size() : integers.size(); }
 };
 
 /// One open database: what the reader asks of any source that holds its readings by lines and channels. It is closed when it is
@@ -53,6 +56,13 @@ public:
     /// Replaces `values` by those of a channel on a line. element: from 0, of an array channel. A channel may be shorter than
     /// others on its line, or not be there at all.
     virtual void read_channel(const DatabaseLine & line, std::int32_t symbol, std::int32_t element, ChannelValues & values) = 0;
+    /// How many rows a channel has on a line, for a source that knows without giving the values out.
+    virtual std::size_t row_count(const DatabaseLine & line, std::int32_t symbol)
+    {
+        ChannelValues values;
+        read_channel(line, symbol, 0, values);
+        return values.count();
+    }
 };
 
 /// The kinds of database that can be told apart.

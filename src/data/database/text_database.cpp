@@ -26,6 +26,11 @@ void TextDatabase::read_channel(const DatabaseLine & line, std::int32_t symbol, 
     take_texts(symbol, element, values.texts);
 }
 
+std::size_t TextDatabase::row_count(const DatabaseLine & line, std::int32_t)
+{
+    return static_cast<std::size_t>(pieces_.at(static_cast<std::size_t>(line.handle) - 1).rows);
+}
+
 void TextDatabase::set_channels(std::vector<DatabaseChannel> channels)
 {
     std::set<std::string> taken;

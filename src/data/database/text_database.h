@@ -18,6 +18,7 @@ public:
     std::vector<DatabaseLine> lines() override { return listed(std::numeric_limits<std::int64_t>::max()); }
     std::vector<DatabaseLine> first_lines(std::int32_t rows) override { return listed(rows); }
     void read_channel(const DatabaseLine & line, std::int32_t symbol, std::int32_t element, ChannelValues & values) override;
+    std::size_t row_count(const DatabaseLine & line, std::int32_t symbol) override;
 
 protected:
     static constexpr std::int32_t text_type = -10240;

@@ -116,6 +116,7 @@ void XyzDatabase::name_channels(const std::string & path)
         if (kind == LineKind::reading) columns = std::max(columns, fields.size());
     }
     if (columns == 0) throw FileFault("cannot read", path, "no reading stands behind the name of a line");
+    columns = std::min(columns, static_cast<std::size_t>(highest_column) - 1); // with one more for the line
     const auto named = std::find_if(comments.rbegin(), comments.rend(), [&](const auto & row) { return row.size() == columns; });
     std::vector<DatabaseChannel> channels(columns);
     for (std::size_t i = 0; i < columns && named != comments.rend(); ++i) channels[i].name = without_quotes((*named)[i]);
