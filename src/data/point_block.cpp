@@ -13,7 +13,7 @@ bool is_comment(std::string_view line) { return line.starts_with('\\') || line.s
 
 /// The line of the next record. Every line but a comment counts towards the increment, a blank one too, but a record is never
 /// blank. False at the end of the text, even with a line in hand that has not been counted out.
-bool next_line(LineScanner & lines, std::int32_t read_increment, std::string_view & line)
+bool next_record(LineScanner & lines, std::int32_t read_increment, std::string_view & line)
 {
     line = {};
     for (std::int32_t count = 0; line.empty() || count < read_increment;) {
@@ -157,17 +157,16 @@ private:
     std::unordered_map<std::string, std::int32_t> category_numbers_;
 };
 
-/// next_record: puts the next record into its argument; false when there is none.
+/// next: puts the next record into its argument; false when there is none.
 template <class NextRecord>
-bool fill_block(const PointRules & rules, std::int64_t most, const RecordTexts & before, PointBlock & block,
-                NextRecord next_record)
+bool fill_block(const PointRules & rules, std::int64_t most, const RecordTexts & before, PointBlock & block, NextRecord next)
 {
     clear(block);
     block.texts = before;
     BlockFiller filler(rules, block);
     LocationRecord record;
     for (std::int64_t count = 0; count < most && !block.asks_for_texts; ++count) {
-        if (!next_record(record)) return false;
+        if (!next(record)) return false;
         filler.take(record);
     }
     return true;
@@ -213,7 +212,7 @@ bool read_block(const PointRules & rules, LineScanner & lines, std::int64_t most
 {
     std::string_view line;
     return fill_block(rules, most, before, block, [&](LocationRecord & record) {
-        if (!next_line(lines, rules.source.read_increment, line)) return false;
+        if (!next_record(lines, rules.source.read_increment, line)) return false;
         rules.parser.parse(line, record);
         return true;
     });
