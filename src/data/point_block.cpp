@@ -141,16 +141,16 @@ private:
     std::unordered_map<std::string, std::int32_t> category_numbers_;
 };
 
-/// take_next: puts the next record into its argument; false when there is none.
-template <class TakeNext>
-bool fill_block(const PointRules & rules, std::int64_t most, const RecordTexts & before, PointBlock & block, TakeNext take_next)
+/// next: puts the next record into its argument; false when there is none.
+template <class NextRecord>
+bool fill_block(const PointRules & rules, std::int64_t most, const RecordTexts & before, PointBlock & block, NextRecord next)
 {
     clear(block);
     block.texts = before;
     BlockFiller filler(rules, block);
     LocationRecord record;
     for (std::int64_t count = 0; count < most && !block.asks_for_texts; ++count) {
-        if (!take_next(record)) return false;
+        if (!next(record)) return false;
         filler.take(record);
     }
     return true;

@@ -17,13 +17,12 @@ constexpr char array_mark = '[';
 constexpr std::int32_t plain_channel = 1, array_channel = 2;
 constexpr std::size_t few_columns = 24; // as many names as a message can hold
 
-/// Letters beyond ASCII are bytes above it.
 bool is_printable(unsigned char c) { return c >= ' ' && c != 127; }
 
 bool is_good_name(const std::string & name, Host & host)
 {
     const bool empty = trim(name).empty();
-    if (!empty && std::ranges::all_of(name, is_printable)) return true;
+    if (!empty && is_utf8(name) && std::ranges::all_of(name, is_printable)) return true;
     debug_write(host.debug, host.dialogs, false, empty ? "Zero length name!" : "Non-printing character " + name);
     return false;
 }

@@ -6,6 +6,7 @@
 #include "support/paths.h"
 #include "support/text.h"
 
+#include <algorithm>
 #include <exception>
 #include <map>
 
@@ -163,6 +164,7 @@ public:
     {
         std::vector<DatabaseLine> lines;
         const SymbolList list(session_, database_, line_symbols, path_);
+        lines.reserve(static_cast<std::size_t>(std::max(list.size(), 0)));
         for (std::int32_t i = 0; i < list.size(); ++i) lines.push_back({ list.name(i), list.symbol(i) });
         return lines;
     }

@@ -39,8 +39,11 @@ std::vector<std::string> places_of(const std::string & file)
     const char * const path = std::getenv("PATH");
     std::istringstream folders(path != nullptr ? path : "");
     std::error_code ignored;
-    for (std::string folder; std::getline(folders, folder, ':');)
-        if (!folder.empty() && std::filesystem::exists(folder + "/" + file, ignored)) places.push_back(folder + "/" + file);
+    for (std::string folder; std::getline(folders, folder, ':');) {
+        if (folder.empty()) continue;
+        const std::filesystem::path place = std::filesystem::path(folder) / file;
+        if (std::filesystem::exists(place, ignored)) places.push_back(place.string());
+    }
     return places;
 }
 
