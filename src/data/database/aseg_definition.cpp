@@ -111,7 +111,7 @@ private:
             (key == "ST" ? structure : key == "RT" ? kind : value) = upper_case(trim(value));
         }
         if (structure != "RECORD" && structure != "RECD")
-            fail("ST=RECORD is expected behind DEFN and its number, and what stands there is: " + std::string(head));
+            fail("ST=RECORD is expected behind DEFN and its number, and what stands there is: " + std::string(trim(head)));
         return kind;
     }
 

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// The points of columns 1 and 2 with the value in column 3, as a database or as plain columns.
+/// The points of columns 1 and 2 with the second as the value, as a database or as plain columns.
 std::string points_of(const std::string & path, std::int32_t file_type, const TextLines & text_lines)
 {
     RecordedHost recorded;
@@ -17,7 +17,7 @@ std::string points_of(const std::string & path, std::int32_t file_type, const Te
     source.file_type = file_type;
     source.first_data_line = text_lines.first;
     source.read_increment = text_lines.increment;
-    source.x_column = 1, source.y_column = 2, source.value_column[0] = 3;
+    source.x_column = 1, source.y_column = 2, source.value_column[0] = 2;
     ObservedData data;
     LocationStatistics statistics;
     EXPECT_EQ(read_locations_file(source, ReadMode::store, data, statistics, recorded.host), Status::good);
