@@ -118,10 +118,7 @@ TEST(read_locations_file, given_a_fault_then_one_message_and_nothing_changed)
         // file, columns, content, the message, or its beginning where the system has a say
         { "C:\\no\\such file.dat", "", "", "An error occurred while reading the location file : cannot open" },
         { "", "1 0 1 0 1 2 3 513 0 0 0", "1 2 3 4\n", "An error occurred while reading the location file : column 513 " },
-        { "C:\\a b.gdb", "", "",
-          "Unable to start OASIS object. Please ensure that the OASIS API directory is in your path. Or export the lines to a "
-          ".xyz "
-          "or .csv point file, and choose that in place of C:\\a b.gdb (libgeodist.so" },
+        { "C:\\a b.gdb", "", "", "The specified data file does not exist" },
     };
     for (const auto & [file, columns, content, message] : cases) {
         SCOPED_TRACE(message);
