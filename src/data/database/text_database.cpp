@@ -39,7 +39,9 @@ void TextDatabase::set_channels(std::vector<DatabaseChannel> channels)
         ++number;
         std::ranges::replace_if(
             channel.name, [](unsigned char c) { return c < ' ' || c == 127; }, ' ');
-        if (!is_utf8(channel.name)) std::ranges::replace_if(channel.name, [](unsigned char c) { return c > 127; }, '?');
+        if (!is_utf8(channel.name))
+            std::ranges::replace_if(
+                channel.name, [](unsigned char c) { return c > 127; }, '?');
         channel.name = trim(channel.name);
         if (channel.name.empty()) channel.name = "Column " + general_text(number);
         const std::string plain = channel.name;
