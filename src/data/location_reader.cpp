@@ -1,5 +1,6 @@
 #include "data/location_reader.h"
 
+#include "data/database/database_points.h"
 #include "data/line_scanner.h"
 #include "data/point_block.h"
 #include "data/point_gatherer.h"
@@ -103,17 +104,20 @@ void read_text_points(const LocationSource & source, ReadMode mode, ObservedData
     reading.finish(data, statistics);
 }
 
+Status read_database(const LocationSource & source, ReadMode mode, ObservedData & data, LocationStatistics & statistics,
+                     Host & host)
+{
+    const auto database = open_database(source.file_name, { source.first_data_line, source.read_increment }, host);
+    return database != nullptr ? read_database_points(*database, source, mode, data, statistics, host) : Status::bad;
+}
+
 }
 
 Status read_locations_file(const LocationSource & source, ReadMode mode, ObservedData & data, LocationStatistics & statistics,
                            Host & host, const ReadShares & shares)
 {
-    if (source.file_type == database_file) {
-        host.dialogs.message("Geosoft databases (.gdb) cannot be read here; export the data to a point file instead: " +
-                             source.file_name);
-        return Status::bad;
-    }
     try {
+        if (source.file_type == database_file) return read_database(source, mode, data, statistics, host);
         read_text_points(source, mode, data, statistics, host, shares);
         return Status::good;
     } catch (const std::exception & fault) {

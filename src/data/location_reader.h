@@ -40,7 +40,7 @@ struct ReadShares {
 /// Turns a point data source into points.
 ///
 /// Records whose x or y is missing are skipped silently; no point at all is no failure. Bad, after one message, when the file
-/// cannot be opened or read, or for a column above 512. Files in any of the field's habits: blanks, tabs or commas between
-/// fields, CR, LF or CR LF, quoted texts, a UTF-8 mark.
+/// cannot be opened or read, for a column above 512, or for one that a database does not have. Text files in any of the field's
+/// habits: blanks, tabs or commas between fields, CR, LF or CR LF, quoted texts, a UTF-8 mark.
 Status read_locations_file(const LocationSource & source, ReadMode mode, ObservedData & data, LocationStatistics & statistics,
                            Host & host, const ReadShares & shares = {});

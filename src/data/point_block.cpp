@@ -1,29 +1,14 @@
 #include "data/point_block.h"
 
+#include "data/record_lines.h"
 #include "support/numbers.h"
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <unordered_map>
 
 namespace {
-
-bool is_comment(std::string_view line) { return line.starts_with('\\') || line.starts_with('!'); }
-
-/// The line of the next record. Every line but a comment counts towards the increment, a blank one too, but a record is never
-/// blank. False at the end of the text, even with a line in hand that has not been counted out.
-bool next_record(LineScanner & lines, std::int32_t read_increment, std::string_view & line)
-{
-    line = {};
-    for (std::int32_t count = 0; line.empty() || count < read_increment;) {
-        if (!lines.next(line)) return false;
-        if (is_comment(line))
-            line = {};
-        else
-            ++count;
-    }
-    return true;
-}
 
 /// Empties a block, but keeps the memory of the lists that every point adds to.
 void clear(PointBlock & block)
@@ -156,6 +141,21 @@ private:
     std::unordered_map<std::string, std::int32_t> category_numbers_;
 };
 
+/// next: puts the next record into its argument; false when there is none.
+template <class NextRecord>
+bool fill_block(const PointRules & rules, std::int64_t most, const RecordTexts & before, PointBlock & block, NextRecord next)
+{
+    clear(block);
+    block.texts = before;
+    BlockFiller filler(rules, block);
+    LocationRecord record;
+    for (std::int64_t count = 0; count < most && !block.asks_for_texts; ++count) {
+        if (!next(record)) return false;
+        filler.take(record);
+    }
+    return true;
+}
+
 }
 
 void Tally::add(double added)
@@ -194,15 +194,20 @@ PointRules::PointRules(const LocationSource & from, ReadMode mode, const Locatio
 
 bool read_block(const PointRules & rules, LineScanner & lines, std::int64_t most, const RecordTexts & before, PointBlock & block)
 {
-    clear(block);
-    block.texts = before;
-    BlockFiller filler(rules, block);
     std::string_view line;
-    LocationRecord record;
-    for (std::int64_t count = 0; count < most && !block.asks_for_texts; ++count) {
+    return fill_block(rules, most, before, block, [&](LocationRecord & record) {
         if (!next_record(lines, rules.source.read_increment, line)) return false;
         rules.parser.parse(line, record);
-        filler.take(record);
-    }
-    return true;
+        return true;
+    });
+}
+
+void read_block(const PointRules & rules, const NextFields & next, const RecordTexts & before, PointBlock & block)
+{
+    std::vector<std::string> fields;
+    fill_block(rules, std::numeric_limits<std::int64_t>::max(), before, block, [&](LocationRecord & record) {
+        if (!next(fields)) return false;
+        rules.parser.parse(fields, record);
+        return true;
+    });
 }

@@ -4,7 +4,9 @@
 #include "data/location_reader.h"
 #include "data/record_parser.h"
 
+#include <functional>
 #include <string>
+#include <vector>
 
 /// The running statistics of one quantity.
 struct Tally {
@@ -53,5 +55,11 @@ struct PointBlock {
 };
 
 /// Reads up to `most` records into `block`, which comes behind one that ended with the texts `before`; false at the end of the
-/// text. There is no other way from a line to a point: it drops what is no point and brings coordinates into the mesh's frame.
+/// text. There is no other way from a record to a point: it drops what is no point and brings coordinates into the mesh's frame.
 bool read_block(const PointRules & rules, LineScanner & lines, std::int64_t most, const RecordTexts & before, PointBlock & block);
+
+/// Gives the fields of the next record; false when there is none.
+using NextFields = std::function<bool(std::vector<std::string> & fields)>;
+
+/// The same for records whose fields stand apart already, up to the last.
+void read_block(const PointRules & rules, const NextFields & next, const RecordTexts & before, PointBlock & block);

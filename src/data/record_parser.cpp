@@ -131,6 +131,35 @@ struct CommaFields {
     }
 };
 
+template <class Fields>
+void take_all(Fields fields, std::vector<std::string_view> & taken)
+{
+    taken.clear();
+    for (fields.skip_blanks(); fields.at != fields.end; fields.skip_blanks()) taken.push_back(fields.take());
+}
+
+/// Fields that stand apart already.
+struct ListedFields {
+    std::span<const std::string> rest;
+
+    std::string_view take()
+    {
+        if (rest.empty()) return {};
+        const std::string_view field = rest.front();
+        rest = rest.subspan(1);
+        return field;
+    }
+
+    void skip() { take(); }
+
+    bool take_number(double & number)
+    {
+        const std::string_view field = take();
+        const char * const end = field.data() + field.size();
+        return (!field.empty() && read_plain_number(field.data(), end, number) == end) || read_number(field, number);
+    }
+};
+
 }
 
 RecordParser::RecordParser(const LocationSource & source)
@@ -165,6 +194,12 @@ void RecordParser::parse(std::string_view line, LocationRecord & record) const
         parse_fields(TokenFields{ line.data(), end }, record);
 }
 
+void RecordParser::parse(std::span<const std::string> fields, LocationRecord & record) const
+{
+    record = {};
+    parse_fields(ListedFields{ fields }, record);
+}
+
 template <class Fields>
 void RecordParser::parse_fields(Fields fields, LocationRecord & record) const
 {
@@ -194,4 +229,13 @@ bool RecordParser::take_column(const Column & column, Fields & fields, LocationR
     if (column.category) record.category = field;
     if (column.text) record.text = field;
     return true;
+}
+
+void split_record(std::string_view line, std::vector<std::string_view> & fields)
+{
+    const char * const end = line.data() + line.size();
+    if (line.find(',') != std::string_view::npos)
+        take_all(CommaFields{ line.data(), end }, fields);
+    else
+        take_all(TokenFields{ line.data(), end }, fields);
 }

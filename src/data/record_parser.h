@@ -4,6 +4,8 @@
 #include "support/missing.h"
 
 #include <optional>
+#include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -21,6 +23,7 @@ struct LocationRecord {
 ///
 /// A line with a comma in it is split at commas, any other at blanks, tabs, semicolons and apostrophes. The first field that
 /// should be a number and is not ends the record, so what stands to its right keeps its missing value.
+/// A record whose fields stand apart already runs the same way.
 class RecordParser {
 public:
     /// Fails with a `SubscriptFault` for a column above 512.
@@ -28,6 +31,8 @@ public:
 
     /// A byte that is no digit, such as a line end, must stand behind the line.
     void parse(std::string_view line, LocationRecord & record) const;
+    /// fields: of the columns from 1 on; those behind the last are empty. Texts of the record point into them.
+    void parse(std::span<const std::string> fields, LocationRecord & record) const;
 
 private:
     /// One wanted field. Most columns fill one place of the record, which `place` names; the rest is for columns with many roles.
@@ -54,3 +59,6 @@ private:
 
     std::vector<Column> columns_; // ascending
 };
+
+/// All fields of a line as the parser takes them apart. They point into the line, behind which a byte that is no digit stands.
+void split_record(std::string_view line, std::vector<std::string_view> & fields);

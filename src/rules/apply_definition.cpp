@@ -11,6 +11,8 @@
 #include "support/numbers.h"
 #include "support/pattern.h"
 
+#include <functional>
+
 namespace {
 
 /// Sets the flag for as long as it lives, so that a fault on the way leaves it cleared.
@@ -43,11 +45,11 @@ void show_parameters(Setup & setup)
     show_transform(setup);
 }
 
-void show_columns(Setup & setup, int slot)
+void show_columns(Setup & setup, int slot, Host & host)
 {
     setup.column_name_count[static_cast<std::size_t>(slot)] = 0;
     display_data_lines(setup, slot);
-    display_location_column_definitions(setup, slot);
+    display_location_column_definitions(setup, slot, host);
 }
 
 void show_file(Setup & setup, int slot)
@@ -56,20 +58,20 @@ void show_file(Setup & setup, int slot)
     display_data_file(setup, slot);
 }
 
-void show_observed_data(Setup & setup)
+void show_observed_data(Setup & setup, Host & host)
 {
     for (int slot : { 0, 2, 3, 4, 5 }) show_file(setup, slot);
     show_bound_controls(setup, Block::observed_data);
-    show_columns(setup, 0);
+    show_columns(setup, 0, host);
 }
 
-void show_topography(Setup & setup)
+void show_topography(Setup & setup, Host & host)
 {
     show_file(setup, 1);
     show_bound_controls(setup, Block::topography);
     show_topo_type(setup);
     setup.form("Text_UBC_elevation_offset", 1).text = general_text(setup.definition.topo_offset());
-    show_columns(setup, 1);
+    show_columns(setup, 1, host);
 }
 
 void show_refined_cluster(Setup & setup)
@@ -80,7 +82,7 @@ void show_refined_cluster(Setup & setup)
 }
 
 void take_block(Setup & setup, const InversionDefinition & record, Block block, void (*repair)(InversionDefinition &),
-                void (*show)(Setup &))
+                const std::function<void(Setup &)> & show)
 {
     copy_block(record, block, setup.definition);
     if (repair) repair(setup.definition);
@@ -154,7 +156,7 @@ void show_transform(Setup & setup)
         setup.definition.coordinate_transform.in_use ? red : Control::window_colour;
 }
 
-void load_mag3d_form(Setup & setup, const InversionDefinition & given, Selection selection, Host &)
+void load_mag3d_form(Setup & setup, const InversionDefinition & given, Selection selection, Host & host)
 {
     const InversionDefinition record = given; // may be the setup's own
     const auto wanted = [&](Selection block) { return selection == Selection::all || selection == block; };
@@ -166,8 +168,11 @@ void load_mag3d_form(Setup & setup, const InversionDefinition & given, Selection
     }
     if (wanted(Selection::parameters)) take_block(setup, record, Block::parameters, &repair_parameters, &show_parameters);
     if (wanted(Selection::observed_data))
-        take_block(setup, record, Block::observed_data, &repair_observed_data, &show_observed_data);
-    if (wanted(Selection::topography)) take_block(setup, record, Block::topography, &repair_topography, &show_topography);
+        take_block(setup, record, Block::observed_data, &repair_observed_data,
+                   [&host](Setup & shown) { show_observed_data(shown, host); });
+    if (wanted(Selection::topography))
+        take_block(setup, record, Block::topography, &repair_topography,
+                   [&host](Setup & shown) { show_topography(shown, host); });
     if (wanted(Selection::mesh)) {
         take_block(setup, record, Block::mesh, &repair_mesh, &show_mesh);
         if (record.refinement_mode == 1 && setup.refinement_mode == 1)

@@ -1,6 +1,9 @@
 #include "rules/data_columns.h"
 
+#include "data/database/survey_database.h"
 #include "grid/grid_detection.h"
+#include "rules/database_columns.h"
+#include "rules/silent_host.h"
 #include "support/answers_within.h"
 #include "support/fault.h"
 #include "support/numbers.h"
@@ -13,7 +16,7 @@
 
 namespace {
 
-constexpr std::int32_t text_kind = 0, grid_kind = 1, database_kind = 2;
+constexpr std::int32_t text_file = 0, grid_file = 1, database_file = 2;
 constexpr int topography = 1;
 constexpr int preview_lines = 20;
 // Files may be of any size; names and the lines to show stand at their beginning.
@@ -54,7 +57,7 @@ bool has_columns(int slot) { return slot == 0 || slot == 1; }
 bool has_names(const Setup & setup, int slot)
 {
     const auto at = static_cast<std::size_t>(slot);
-    return setup.definition.data_kind[at] == database_kind || setup.definition.data_name_line[at] >= 1;
+    return setup.definition.data_kind[at] == database_file || setup.definition.data_name_line[at] >= 1;
 }
 
 std::string shown_column(const ColumnBox & box)
@@ -77,6 +80,15 @@ void list_names(Control & list, const List<std::string> & names)
     list.items = { { "N/A", 0 } }; // so that the position is the column
     for (const std::string & name : names.items()) list.items.push_back({ name, static_cast<std::int32_t>(list.items.size()) });
     list.position = 0;
+}
+
+List<std::string> names_in_database(const Setup & setup, int slot, Host & host)
+{
+    SilentHost silent;
+    const auto names = database_column_names(setup.definition, slot, setup.loading ? silent.host : host);
+    List<std::string> listed;
+    if (names) listed.append(*names);
+    return listed;
 }
 
 std::optional<ColumnBox> column_box_of(Setup & setup, std::string_view control, int index)
@@ -109,7 +121,7 @@ void pick_column_name(Setup & setup, int slot)
     }
 }
 
-void change_name_line(Setup & setup, int slot)
+void change_name_line(Setup & setup, int slot, Host & host)
 {
     const auto at = static_cast<std::size_t>(slot);
     const std::string & text = setup.form("Text_UBC_locations_name_line", slot).text;
@@ -117,10 +129,10 @@ void change_name_line(Setup & setup, int slot)
     const std::int32_t line = leading_count(text);
     if (line == setup.definition.data_name_line[at]) return;
     setup.definition.data_name_line[at] = line;
-    if (setup.definition.data_kind[at] == database_kind) return;
+    if (setup.definition.data_kind[at] == database_file) return;
     setup.column_name_count[at] = 0;
     choose_position(setup.form("Combo_names", slot), 0);
-    display_location_column_definitions(setup, slot);
+    display_location_column_definitions(setup, slot, host);
 }
 
 struct LineRule {
@@ -160,24 +172,24 @@ std::string first_lines(const std::string & path)
 /// Settles the kind of the file and gives the lines to show of it.
 std::string look_at(const std::string & path, int slot, std::int32_t & kind)
 {
-    kind = text_kind;
+    kind = text_file;
     if (trim(path).empty() || !path_answers(path)) return "";
     if (slot > 0 && is_grid_file(path)) {
-        kind = grid_kind;
+        kind = grid_file;
         return "";
     }
     if (!has_columns(slot)) return "";
-    if (same_text(file_extension_of_path(path), "gdb")) kind = database_kind;
-    return kind == text_kind ? first_lines(path) : "";
+    if (database_kind(path) != DatabaseKind::none) kind = database_file;
+    return kind == text_file ? first_lines(path) : "";
 }
 
 }
 
-void display_location_column_definitions(Setup & setup, int slot)
+void display_location_column_definitions(Setup & setup, int slot, Host & host)
 {
     if (!has_columns(slot)) return;
     const bool names = has_names(setup, slot);
-    if (names && setup.column_name_count[static_cast<std::size_t>(slot)] == 0) load_location_column_names(setup, slot);
+    if (names && setup.column_name_count[static_cast<std::size_t>(slot)] == 0) load_location_column_names(setup, slot, host);
     const std::int32_t count = setup.column_name_count[static_cast<std::size_t>(slot)];
     for (const ColumnBox & box : column_boxes(setup.definition, slot)) {
         std::string & text = setup.form(box.control, box.index).text;
@@ -192,7 +204,7 @@ void display_location_column_definitions(Setup & setup, int slot)
     }
 }
 
-void load_location_column_names(Setup & setup, int slot)
+void load_location_column_names(Setup & setup, int slot, Host & host)
 {
     if (!has_columns(slot)) return;
     const auto at = static_cast<std::size_t>(slot);
@@ -200,7 +212,9 @@ void load_location_column_names(Setup & setup, int slot)
     setup.column_name_count[at] = 0;
     try {
         List<std::string> names;
-        if (definition.data_kind[at] == text_kind && definition.data_name_line[at] > 0)
+        if (definition.data_kind[at] == database_file)
+            names = names_in_database(setup, slot, host);
+        else if (definition.data_kind[at] == text_file && definition.data_name_line[at] > 0)
             names = column_names_in(name_line_of(definition.data_file[at], definition.data_name_line[at]));
         list_names(setup.form("Combo_names", slot), names);
         setup.column_name_count[at] = names.size();
@@ -216,10 +230,10 @@ void display_data_file(Setup & setup, int slot)
     try {
         lines = look_at(setup.definition.data_file[at], slot, setup.definition.data_kind[at]);
     } catch (const Fault &) {
-        setup.definition.data_kind[at] = text_kind;
+        setup.definition.data_kind[at] = text_file;
     }
     if (has_columns(slot)) setup.form("Text_data_file", slot).text = lines;
-    if (slot == topography) setup.form["Frame_data_file_image"].visible = setup.definition.data_kind[at] == grid_kind;
+    if (slot == topography) setup.form["Frame_data_file_image"].visible = setup.definition.data_kind[at] == grid_file;
 }
 
 void display_data_lines(Setup & setup, int slot)
@@ -267,7 +281,7 @@ bool change_data_columns(Setup & setup, std::string_view control, int index, Hos
         return true;
     }
     if (control == "Text_UBC_locations_name_line") {
-        change_name_line(setup, index);
+        change_name_line(setup, index, host);
     } else if (control == "Combo_names") {
         pick_column_name(setup, index);
     } else if (const std::optional<ColumnBox> box = column_box_of(setup, control, index)) {

@@ -6,11 +6,13 @@
 #include <string_view>
 #include <vector>
 
-/// Shows the column fields of slot 0 or 1 in their boxes: as numbers, or as names when the file has a line of names.
-void display_location_column_definitions(Setup & setup, int slot);
-/// Fills the list of column names of slot 0 or 1 from the name line of its file. A file that cannot be read leaves what was
-/// there.
-void load_location_column_names(Setup & setup, int slot);
+/// Shows the column fields of slot 0 or 1 in their boxes: as numbers, or as names when the file has a line of names or is a
+/// database.
+void display_location_column_definitions(Setup & setup, int slot, Host & host);
+/// Fills the list of column names of slot 0 or 1 from the name line of its file, or from a database. A file that cannot be read
+/// leaves what was there. A database that cannot be opened empties the list, after one message; while a definition is applied
+/// without one, since the check of the definition brings it.
+void load_location_column_names(Setup & setup, int slot, Host & host);
 /// Shows the file of a slot, and settles what kind of file it is. A file that cannot be read shows nothing; the check finds it.
 void display_data_file(Setup & setup, int slot);
 /// Shows which lines of the file of slot 0 or 1 are read.

@@ -1,6 +1,8 @@
+#include "data/database/survey_database.h"
 #include "grid/grid_detection.h"
 #include "grid/grid_formats.h"
 #include "rules/box_groups.h"
+#include "rules/database_columns.h"
 #include "rules/validation.h"
 #include "rules/validation_steps.h"
 #include "support/numbers.h"
@@ -12,13 +14,13 @@
 namespace {
 
 constexpr int observed_points = 0, topography = 1, slot_count = 6;
-constexpr std::int32_t text_kind = 0, grid_kind = 1, database_kind = 2;
+constexpr std::int32_t text_file = 0, grid_file = 1, database_file = 2;
 constexpr std::int32_t grid_data = 1;
 
 std::string & file_of(Setup & setup, int slot) { return setup.definition.data_file[static_cast<std::size_t>(slot)]; }
 bool is_set(Setup & setup, int slot) { return !trim(file_of(setup, slot)).empty(); }
 
-/// What a file is judged to be. Fails for a kind that the slot, or this program, cannot take, and for a grid that cannot be used.
+/// What a file is judged to be. Fails for a kind that the slot cannot take, and for a grid that cannot be used.
 Status settle_kind(Setup & setup, int slot, Host & host)
 {
     const std::string & path = file_of(setup, slot);
@@ -31,12 +33,11 @@ Status settle_kind(Setup & setup, int slot, Host & host)
     const bool is_picture = is_known && file_kind(header) == FileKind::image;
     if (is_picture && (slot == 3 || slot == 4)) return refuse("Raster files only valid as first image file", host);
     if (is_known && !is_grid) header.fault = picture_fault;
-    kind = is_grid ? grid_kind : same_text(file_extension_of_path(path), "GDB") ? database_kind : text_kind;
+    kind = is_grid ? grid_file : database_kind(path) != DatabaseKind::none ? database_file : text_file;
     const std::string reason = header.fault.empty() ? "" : ": " + header.fault;
     if (!is_grid && (slot > topography || !reason.empty()))
         return refuse("The grid file format could not be dertermined for the file: " + name + reason, host);
     if (slot == observed_points && is_grid) return refuse(observed_grid_fault(path), host);
-    if (slot <= topography && kind == database_kind) return refuse(database_fault(path), host);
     return Status::good;
 }
 
@@ -45,7 +46,7 @@ Status settle_kind(Setup & setup, int slot, Host & host)
 template <int slot>
 bool is_text(const Setup & setup)
 {
-    return setup.definition.data_kind[slot] == text_kind;
+    return setup.definition.data_kind[slot] == text_file;
 }
 
 using Columns = std::array<std::int32_t, 6> InversionDefinition::*;
@@ -87,14 +88,7 @@ std::string distinct_fault(const Setup & setup)
 
 std::string observed_file_fault(const Setup & setup, int)
 {
-    const std::string & path = setup.definition.data_file[observed_points];
-    if (trim(path).empty()) return "The observed data file must be specified";
-    return setup.definition.data_kind[observed_points] == database_kind ? database_fault(path) : "";
-}
-
-std::string topography_file_fault(const Setup & setup, int)
-{
-    return setup.definition.data_kind[topography] == database_kind ? database_fault(setup.definition.data_file[topography]) : "";
+    return trim(setup.definition.data_file[observed_points]).empty() ? "The observed data file must be specified" : "";
 }
 
 std::string grid_file_fault(const Setup & setup, int slot)
@@ -109,7 +103,6 @@ constexpr const char * first_line_not_positive = "The number of the first data l
 constexpr const char * offset_not_numeric = "The elevation offset value is not numeric";
 
 constexpr BoxCheck file_boxes[] = { { "Text_data_locations", 0, "", Limit::none, "", {}, &observed_file_fault },
-                                    { "Text_data_locations", 1, "", Limit::none, "", {}, &topography_file_fault },
                                     { "Text_data_locations", 2, "", Limit::none, "", {}, &grid_file_fault } };
 
 constexpr BoxCheck first_line_boxes[] = {
@@ -145,7 +138,7 @@ bool reads_topography(const Setup & setup)
 }
 bool reads_topography_columns(const Setup & setup)
 {
-    return reads_topography(setup) && setup.definition.data_kind[topography] != grid_kind;
+    return reads_topography(setup) && setup.definition.data_kind[topography] != grid_file;
 }
 
 constexpr CheckGroup groups[] = {
@@ -153,7 +146,6 @@ constexpr CheckGroup groups[] = {
     { std::span(first_line_boxes).first(1), &reads_points },
     { observed_columns, &reads_points, &distinct_fault<observed_points> },
     { std::span(offset_boxes).first(1), &reads_points },
-    { std::span(file_boxes).subspan(1, 1), &reads_topography },
     { std::span(first_line_boxes).last(1), &reads_topography },
     { topography_columns, &reads_topography_columns, &distinct_fault<topography> },
     { std::span(offset_boxes).subspan(1, 1), &reads_topography },
@@ -229,12 +221,6 @@ Status find_and_check(Setup & setup, const FileSlot & row, Host & host)
 
 std::span<const CheckGroup> data_file_groups() { return groups; }
 
-std::string database_fault(const std::string & path)
-{
-    return "Databases are not available here: " + file_name_of_path(path) +
-           ". Export the channels to a point file (.xyz or .csv) and use that";
-}
-
 std::string observed_grid_fault(const std::string & path)
 {
     return "The observed data file is a grid: " + file_name_of_path(path) +
@@ -247,8 +233,9 @@ Status check_file_definitions(Setup & setup, int slot, Host & host)
     if (!is_set(setup, slot)) return refuse("No data location file has been specified", host);
     if (find_file(file_of(setup, slot)).empty()) return refuse("The specified data location file does not exist", host);
     if (settle_kind(setup, slot, host) != Status::good) return Status::bad;
-    if (setup.definition.data_kind[static_cast<std::size_t>(slot)] != grid_kind) {
+    if (setup.definition.data_kind[static_cast<std::size_t>(slot)] != grid_file) {
         if (take_lines(setup, slot, host) != Status::good || check_columns(setup, slot, host) != Status::good) return Status::bad;
+        if (check_database_columns(setup, slot, host) != Status::good) return Status::bad;
     }
     if (take_elevation_offset(setup, slot, host) != Status::good) return Status::bad;
     normalise_point_transform(setup.definition.coordinate_transform);

@@ -1,9 +1,11 @@
 #include "rules/data_preview.h"
 
+#include "data/database/survey_database.h"
 #include "grid/grid_detection.h"
 #include "grid/grid_formats.h"
 #include "grid/grid_source.h"
 #include "rules/data_columns.h"
+#include "rules/database_columns.h"
 #include "rules/validation.h"
 #include "support/answers_within.h"
 #include "support/fault.h"
@@ -22,7 +24,6 @@ constexpr std::size_t most_rows = 30;
 constexpr std::int64_t most_grid_values = std::int64_t{ 1 } << 20;
 
 bool has_columns(int slot) { return slot == 0 || slot == 1; }
-bool is_database(const std::string & path) { return same_text(file_extension_of_path(path), "gdb"); }
 
 /// The beginning of a file in whole lines, as the reader of locations reads them.
 std::vector<std::string> first_lines_of(const std::string & path)
@@ -91,6 +92,12 @@ void preview_text(const Setup & setup, int slot, DataPreview & preview)
                           general_text(setup.definition.data_first_line[at]);
 }
 
+void preview_columns(const Setup & setup, int slot, DataPreview & preview)
+{
+    preview_database(setup.definition, slot, preview);
+    note_uses(setup, slot, preview);
+}
+
 std::string axis_text(const char * axis, double low, double high)
 {
     return std::string(axis) + " " + general_text(low) + " to " + general_text(high);
@@ -145,8 +152,8 @@ void look_at(const Setup & setup, int slot, DataPreview & preview)
         preview.summary = "The place of the file does not answer: " + path;
     else if (find_file(path).empty())
         preview.summary = "The file does not exist: " + path;
-    else if (has_columns(slot) && is_database(path))
-        preview.summary = database_fault(path);
+    else if (has_columns(slot) && database_kind(path) != DatabaseKind::none)
+        preview_columns(setup, slot, preview);
     else if (!preview_grid(path, slot, preview))
         preview_text(setup, slot, preview);
 }

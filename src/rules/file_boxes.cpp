@@ -76,7 +76,7 @@ std::string tidied_name(const std::string & text)
     return name;
 }
 
-void take_data_file(Setup & setup, int slot, const std::string & name)
+void take_data_file(Setup & setup, int slot, const std::string & name, Host & host)
 {
     const auto at = static_cast<std::size_t>(slot);
     setup.form(data_box, slot).text = name;
@@ -86,7 +86,7 @@ void take_data_file(Setup & setup, int slot, const std::string & name)
     if (at >= setup.column_name_count.size()) return;
     setup.column_name_count[at] = 0;
     display_data_lines(setup, slot);
-    display_location_column_definitions(setup, slot);
+    display_location_column_definitions(setup, slot, host);
 }
 
 /// The folder in which that of the inversion is made; the drive follows.
@@ -122,7 +122,7 @@ void pick_file(Setup & setup, std::string_view control, int index, Host & host)
 void take_file(Setup & setup, std::string_view control, int index, const std::string & path, Host & host)
 {
     if (control == data_box) {
-        take_data_file(setup, index, path);
+        take_data_file(setup, index, path, host);
         return;
     }
     setup.form(control, index).text = path;
@@ -130,12 +130,12 @@ void take_file(Setup & setup, std::string_view control, int index, const std::st
     if (control == "Text_depth_weighting_file") setup.definition.model_bounds.at(static_cast<std::size_t>(index)) = path;
 }
 
-bool leave_file_box(Setup & setup, std::string_view control, int index, Host &)
+bool leave_file_box(Setup & setup, std::string_view control, int index, Host & host)
 {
     if (control != data_box) return false;
     const std::string name = tidied_name(setup.form(control, index).text);
     if (name != setup.definition.data_file.at(static_cast<std::size_t>(index)))
-        take_data_file(setup, index, name);
+        take_data_file(setup, index, name, host);
     else
         setup.form(control, index).text = name;
     return true;

@@ -1,8 +1,8 @@
 #include "rules/live_checks.h"
 
-#include "host/cancelled_dialogs.h"
 #include "mesh/weighting_list.h"
 #include "rules/box_groups.h"
+#include "rules/silent_host.h"
 #include "support/fault.h"
 #include "support/numbers.h"
 
@@ -10,20 +10,12 @@
 
 namespace {
 
-/// Keeps the last message for itself.
-struct HeldMessage : CancelledDialogs {
-    std::string text;
-
-    void message(const std::string & shown) override { text = shown; }
-    std::optional<PointTransform> define_transform(const PointTransform &) override { return std::nullopt; }
-};
-
 bool writes_weights(const Setup & setup) { return setup.definition.create_weighting_file == 1; }
 
 /// Found by the writing of the file and not by the check, but in the same words.
 std::string weights_fault(const Setup & setup, int)
 {
-    HeldMessage held;
+    SilentHost::HeldMessage held;
     List<double> weights;
     static_cast<void>(parse_weighting_list(setup.form["Text_weight_multipliers"].text, weights, held));
     return held.text;

@@ -12,8 +12,6 @@ Status check_inversion_definitions(Setup & setup, std::optional<ValidatedDefinit
 /// The same for one data location slot, 0 to 5.
 Status check_file_definitions(Setup & setup, int slot, Host & host);
 
-/// Why a database cannot be taken as a data file.
-std::string database_fault(const std::string & path);
 /// Why a grid cannot be taken as the observed data file.
 std::string observed_grid_fault(const std::string & path);
 

@@ -130,3 +130,19 @@ std::string pad_left(std::string_view text, int width)
 }
 
 std::string text_before_nul(std::string_view text) { return std::string(trim(text.substr(0, text.find('\0')))); }
+
+bool is_utf8(std::string_view text)
+{
+    int more = 0; // bytes that must still follow
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        if (more > 0) {
+            if ((byte & 0xC0) != 0x80) return false;
+            --more;
+        } else if (byte >= 0x80) {
+            if (byte < 0xC2 || byte > 0xF4) return false;
+            more = byte < 0xE0 ? 1 : byte < 0xF0 ? 2 : 3;
+        }
+    }
+    return more == 0;
+}

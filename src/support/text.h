@@ -48,3 +48,6 @@ std::string pad_left(std::string_view text, int width);
 
 /// The trimmed text before the first NUL.
 std::string text_before_nul(std::string_view text);
+
+/// True for a text in UTF-8, which plain ASCII is too; a text in another code page hardly ever is.
+bool is_utf8(std::string_view text);

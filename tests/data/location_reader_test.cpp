@@ -1,4 +1,4 @@
-#include "data/given_mesh.h"
+#include "data/described_points.h"
 #include "data/line_scanner.h"
 #include "data/location_reader.h"
 #include "data/observed_processing.h"
@@ -13,21 +13,6 @@
 #include <random>
 
 namespace {
-
-/// "x y z value line" of each point; what is missing is a star, an unread line is left out.
-std::string described(const ObservedData & data)
-{
-    std::string text;
-    for (std::int32_t i = 1; i <= data.point_count; ++i) {
-        if (i > 1) text += "; ";
-        for (const int axis : { 0, 1, 2 }) text += (axis > 0 ? " " : "") + number_or_star(data.xyz[axis][i]);
-        if (!data.value[0].empty()) text += " " + number_or_star(data.value[0][i]);
-        if (!data.line_index.empty()) {
-            text += " [" + data.line_name[data.line_index[i]] + "]";
-        }
-    }
-    return text;
-}
 
 /// The source that a definition gives; `columns` and `also` as in location_reader.cases.
 LocationSource source_of(const std::string & columns = "", const std::string & also = "")
@@ -133,8 +118,7 @@ TEST(read_locations_file, given_a_fault_then_one_message_and_nothing_changed)
         // file, columns, content, the message, or its beginning where the system has a say
         { "C:\\no\\such file.dat", "", "", "An error occurred while reading the location file : cannot open" },
         { "", "1 0 1 0 1 2 3 513 0 0 0", "1 2 3 4\n", "An error occurred while reading the location file : column 513 " },
-        { "C:\\a b.gdb", "", "",
-          "Geosoft databases (.gdb) cannot be read here; export the data to a point file instead: C:\\a b.gdb" },
+        { "C:\\a b.gdb", "", "", "The specified data file does not exist" },
     };
     for (const auto & [file, columns, content, message] : cases) {
         SCOPED_TRACE(message);

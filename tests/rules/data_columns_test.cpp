@@ -44,6 +44,26 @@ TEST(data_columns, given_a_line_number_that_is_none_then_its_message_and_no_chan
     started.expect("Topo data definitions: 5 0 5 1 2 3");
 }
 
+TEST(data_columns, given_a_database_then_its_columns_have_names_even_without_a_name_line)
+{
+    TemporaryFolder folder;
+    StartedSetup started;
+    const std::string path = folder.write("a.xyz", "/ X Y Alt\r\nLine 7\r\n1 2 3\r\n");
+    started.load_lines("Obs data definitions: 1 0 1 4 1 2 9 3 0 0 0; Obs data file: " + path);
+    const char * const boxes[] = { "xpos", "ypos", "zpos", "magpos", "lpos" };
+    std::string shown;
+    for (const std::string box : boxes) shown += started.text(("Text_UBC_locations_" + box).c_str(), 0) + ";";
+    EXPECT_EQ(shown, "X;Y;;Alt;Line;");
+    EXPECT_EQ(started.setup.column_name_count[0], 4);
+    EXPECT_EQ(started.setup.definition.data_z_column[0], 9);
+
+    started.load_lines("Obs data file: " + folder.file("gone.gdb")); // the check of the definition tells of it
+    EXPECT_TRUE(started.dialogs.messages.empty());
+    load_location_column_names(started.setup, 0, started.host);
+    EXPECT_EQ(started.dialogs.messages, std::vector<std::string>{ "The specified data file does not exist" });
+    EXPECT_EQ(started.setup.form("Combo_names", 0).items.size(), 1U);
+}
+
 TEST(data_file, given_its_name_then_its_kind_is_settled)
 {
     TemporaryFolder folder;

@@ -20,11 +20,14 @@ struct DatabaseLine {
 };
 
 /// The values of one channel, or of one element of an array channel, along one line. One of the three lists is filled, by `type`.
+/// A missing real is at or below -1e30. A missing integer has no mark, so integers with gaps are given as reals.
 struct ChannelValues {
     std::int32_t type = 0; ///< 0 to 3 integers, above 3 reals, below 0 texts of at most that many bytes
     std::vector<std::int32_t> integers;
     std::vector<double> reals;
     std::vector<std::string> texts;
+
+    std::size_t count() const { return type < 0 ? texts.size() : type > 3 ? reals.size() : integers.size(); }
 };
 
 /// One open database: what the reader asks of any source that holds its readings by lines and channels. It is closed when it is
@@ -42,11 +45,24 @@ public:
     virtual void lock(std::int32_t symbol) = 0;
     virtual void unlock(std::int32_t symbol) = 0;
     virtual std::int32_t channel_type(std::int32_t symbol) = 0;
-    /// In the order of the file.
+    /// In the order of the file. A text database gives a long line in pieces, each as a line, and checks all that it holds.
     virtual std::vector<DatabaseLine> lines() = 0;
+    /// Lines of the beginning that have at least so many rows together, if there are that many; quick however large the file is.
+    virtual std::vector<DatabaseLine> first_lines(std::int32_t rows)
+    {
+        static_cast<void>(rows);
+        return lines();
+    }
     /// Replaces `values` by those of a channel on a line. element: from 0, of an array channel. A channel may be shorter than
     /// others on its line, or not be there at all.
     virtual void read_channel(const DatabaseLine & line, std::int32_t symbol, std::int32_t element, ChannelValues & values) = 0;
+    /// How many rows a channel has on a line, for a source that knows without giving the values out.
+    virtual std::size_t row_count(const DatabaseLine & line, std::int32_t symbol)
+    {
+        ChannelValues values;
+        read_channel(line, symbol, 0, values);
+        return values.count();
+    }
 };
 
 /// The kinds of database that can be told apart.
@@ -57,7 +73,7 @@ enum class DatabaseKind {
     line_xyz   ///< *.xyz whose first record is the name of a line
 };
 
-/// What a file is, by its name and, for *.xyz, by its first lines. A file that cannot be read is no database.
+/// What a file is, by its name and, for *.xyz, by its first lines; one that cannot be read is taken for a column file.
 DatabaseKind database_kind(const std::string & path);
 
 /// How lines of a text database are taken. Other databases have no lines of text.

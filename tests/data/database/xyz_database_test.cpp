@@ -1,0 +1,95 @@
+#include "data/database/database_texts.h"
+#include "data/described_points.h"
+#include "data/location_reader.h"
+#include "fakes/case_table.h"
+#include "fakes/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+/// The points of columns 1 and 2 with the second as the value, as a database or as plain columns.
+std::string points_of(const std::string & path, std::int32_t file_type, const TextLines & text_lines)
+{
+    RecordedHost recorded;
+    LocationSource source;
+    source.file_name = path;
+    source.file_type = file_type;
+    source.first_data_line = text_lines.first;
+    source.read_increment = text_lines.increment;
+    source.x_column = 1, source.y_column = 2, source.value_column[0] = 2;
+    ObservedData data;
+    LocationStatistics statistics;
+    EXPECT_EQ(read_locations_file(source, ReadMode::store, data, statistics, recorded.host), Status::good);
+    return described(data);
+}
+
+}
+
+TEST(database_kind, given_a_file_then_what_it_is)
+{
+    const struct {
+        const char *name, *content;
+        DatabaseKind kind;
+    } cases[] = {
+        { "A.GDB", "x", DatabaseKind::geosoft },
+        { "a.Dfn", "x", DatabaseKind::aseg_gdf2 },
+        { "a.XYZ", "Line 100\n1 2\n", DatabaseKind::line_xyz },
+        { "a.xyz", "\xEF\xBB\xBF/ c\r\n\r\n! c\r\n tie\t8001.04\r\n1 2\r\n", DatabaseKind::line_xyz },
+        { "a.xyz", "Line L7 // flight 3\n1 2\n", DatabaseKind::line_xyz },
+        // column names that begin with the same word
+        { "a.xyz", "Line Fid1 X Y\n1 2 3 4\n", DatabaseKind::none },
+        { "a.xyz", "Line Easting\n1 2\n", DatabaseKind::none },
+        { "a.xyz", "Line,100\n1,2\n", DatabaseKind::none },
+        { "a.xyz", "Lines 100\n1 2\n", DatabaseKind::none },
+        { "a.xyz", "1 2 3\nLine 100\n", DatabaseKind::none },
+        { "a.xyz", "", DatabaseKind::none },
+        { "a.dat", "Line 100\n1 2\n", DatabaseKind::none },
+    };
+    for (const auto & [name, content, kind] : cases) {
+        SCOPED_TRACE(content);
+        const TemporaryFolder folder;
+        EXPECT_EQ(database_kind(folder.write(name, content)), kind);
+    }
+    EXPECT_EQ(database_kind("C:\\no\\such.xyz"), DatabaseKind::none);
+    EXPECT_EQ(DatabaseTexts("C:\\no\\such.gdb", {}).rows, "The specified data file does not exist");
+}
+
+TEST(xyz_database, given_lines_in_the_habits_of_the_field_then_columns_rows_and_the_points_of_plain_columns)
+{
+    for (const auto & [text, first, increment, names, rows] : cases_of<5>("database/xyz_database.cases")) {
+        SCOPED_TRACE(text + " " + first + " " + increment);
+        const TemporaryFolder folder;
+        const TextLines text_lines = { number_in(first), number_in(increment) };
+        const std::string path = folder.write("s.xyz", text);
+        DatabaseTexts read(path, text_lines);
+        if (const std::size_t at = read.rows.find(folder.path()); at != read.rows.npos)
+            read.rows.erase(at, folder.path().size() + 1);
+        EXPECT_EQ(read.names, names);
+        EXPECT_EQ(read.rows, rows);
+        if (!names.empty()) {
+            EXPECT_EQ(points_of(path, 2, text_lines), points_of(folder.write("s.dat", text), 0, text_lines));
+        }
+    }
+}
+
+TEST(xyz_database, given_a_long_line_then_it_comes_in_pieces_and_no_reading_is_lost_or_moved)
+{
+    const TemporaryFolder folder;
+    std::string text = "Line 1\n";
+    for (int i = 1; i <= 20000; ++i) text += std::to_string(i) + " " + std::to_string(2 * i) + (i % 3 == 0 ? "\n\n" : "\n");
+    const std::string path = folder.write("s.xyz", text);
+    RecordedHost recorded;
+    EXPECT_EQ(open_database(path, {}, recorded.host)->lines().size(), 3U);
+    EXPECT_EQ(open_database(path, {}, recorded.host)->first_lines(30).size(), 1U);
+    LocationSource source;
+    source.file_name = path, source.file_type = 2;
+    source.x_column = 1, source.y_column = 2, source.line_column = 3;
+    ObservedData data;
+    LocationStatistics statistics;
+    ASSERT_EQ(read_locations_file(source, ReadMode::store, data, statistics, recorded.host), Status::good);
+    ASSERT_EQ(data.point_count, 20000);
+    for (std::int32_t i = 1; i <= 20000; ++i) ASSERT_EQ(data.xyz[0][i], i);
+    EXPECT_EQ(data.xyz[1][20000], 40000);
+    EXPECT_EQ(data.line_name, (List<std::string>{ "1" }));
+}
