@@ -4,6 +4,7 @@
 #include "host/host.h"
 #include "mesh/tile_layout.h"
 #include "support/status.h"
+#include "utilities/igrf_record.h"
 
 #include <array>
 #include <optional>
@@ -78,3 +79,6 @@ Status grid_command(const std::string & file, Host & display);
 Status model_command(const std::string & mesh, const std::string & model, Host & display);
 /// Reads a mesh file and prints what it holds, one "name: value" a line. Bad as well when it is of a kind that gives no mesh.
 Status mesh_command(const std::string & file, Host & display);
+
+/// Prints the field at a place and date, one "name: value" a line, and what it was computed from.
+Status igrf_command(const IgrfTexts & texts, Host & display);

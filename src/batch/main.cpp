@@ -53,6 +53,7 @@ struct CommandLine {
     LimitsOptions limits;
     StartOptions start;
     TransformOptions transform;
+    IgrfTexts igrf;
 };
 
 /// Numbers of at most `digits` digits with commas between, as many as `count`.
@@ -259,16 +260,15 @@ void add_start(CommandLine & line)
     });
 }
 
-void add_later_commands(CommandLine & line)
+void add_igrf(CommandLine & line)
 {
-    CLI::App * const command = line.parser.add_subcommand("igrf", "not available yet");
-    command->allow_extras();
-    command->callback([&line] {
-        line.run = [](Host & host) {
-            host.dialogs.message("igrf is not available yet");
-            return Status::bad;
-        };
-    });
+    CLI::App * const command = line.parser.add_subcommand("igrf", "Print the earth's field at a place and date");
+    command->add_option("--date", line.igrf.date, "decimal years, or day/month/year")->required();
+    command->add_option("--latitude", line.igrf.latitude, "decimal degrees or \"dd mm ss.sss\", with N or S behind or a sign")
+        ->required();
+    command->add_option("--longitude", line.igrf.longitude, "the same, with E or W")->required();
+    command->add_option("--elevation", line.igrf.elevation, "metres above the ellipsoid")->capture_default_str();
+    command->callback([&line] { line.run = [&line](Host & host) { return igrf_command(line.igrf, host); }; });
 }
 
 int run_command(CommandLine & line)
@@ -318,7 +318,7 @@ int main(int argument_count, char ** arguments)
     add_model(line);
     add_mesh(line);
     add_start(line);
-    add_later_commands(line);
+    add_igrf(line);
     try {
         line.parser.parse(argument_count, arguments);
     } catch (const CLI::ParseError & error) {

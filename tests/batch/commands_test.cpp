@@ -51,6 +51,17 @@ TEST(commands, given_a_command_line_that_cannot_be_understood_then_status_2_and_
     EXPECT_EQ(run_batch({ "--version" }).output.rfind("zeb_qvinv3d_batch ", 0), 0U);
 }
 
+TEST(igrf, given_angles_in_fields_with_a_letter_or_a_sign_then_the_place_is_that_of_decimal_degrees)
+{
+    const auto field = [](const char * latitude, const char * longitude) {
+        return run_batch({ "igrf", "--date", "2025", "--latitude", latitude, "--longitude", longitude, "--elevation", "-20" });
+    };
+    const std::string expected = field("-33.51", "151").output;
+    EXPECT_EQ(field("33 30 36 S", "151 0 0 e").output, expected);
+    EXPECT_EQ(field("-33 30 36", " 151 0").output, expected);
+    EXPECT_EQ(field("33 30 60 S", "151").errors, "message: The latitude is invalid\n");
+}
+
 TEST(save, given_a_definition_then_it_saves_what_reads_back)
 {
     const TinySurvey survey("Z Range: 0 300 50 6 1.5 3; Smoothness weighting: 1 9,3; Positivity flag: 2");
