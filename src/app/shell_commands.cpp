@@ -94,7 +94,7 @@ Status press_calculate_igrf(Session & session, Host & host)
 {
     const IgrfRecord before = session.igrf;
     InversionDefinition & definition = session.setup.definition;
-    const auto survey = survey_place(definition, SurveyLook::whole, host);
+    const auto survey = survey_place(session.setup, SurveyLook::whole, host);
     if (!host.dialogs.define_igrf(session.igrf, survey ? &*survey : nullptr)) return Status::stopped;
     const IgrfRecord & field = session.igrf;
     if (!field.computed) return Status::stopped;

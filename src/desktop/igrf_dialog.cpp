@@ -7,6 +7,12 @@ IgrfDialog::IgrfDialog(QWidget & parent, const IgrfRecord & start, const std::op
 {
     Ui::igrf_dialog layout;
     layout.setupUi(this);
+    for (auto * const box : findChildren<QLineEdit *>()) {
+        if (!box->isReadOnly()) continue;
+        QPalette quiet; // a result is not typed in
+        quiet.setColor(QPalette::Base, Qt::transparent);
+        box->setPalette(quiet);
+    }
     const auto changed = [this](const std::string & control, int) { guarded([&] { change_igrf(setup_, control, host_); }); };
     const auto nothing = [](const std::string &, int) {};
     view_ = new FormView(

@@ -66,11 +66,12 @@ std::string field_text(double inclination, double declination, double intensity)
 
 }
 
-void compare_field(const InversionDefinition & definition, Host & host)
+void compare_field(const Setup & setup, Host & host)
 {
+    const InversionDefinition & definition = setup.definition;
     if (!uses_field(definition)) return;
     // The check must not take the time of reading a large survey: its beginning is near enough.
-    const auto place = survey_place(definition, SurveyLook::beginning, host);
+    const auto place = survey_place(setup, SurveyLook::beginning, host);
     if (!place) return;
     ReferenceField field;
     double year = 0;

@@ -10,6 +10,8 @@
 /// The columns of a file of points that tell where on earth and when a reading was made; from 1, 0 for one that there is not.
 struct SurveyColumns {
     std::int32_t longitude = 0, latitude = 0, date = 0;
+
+    bool has_degrees() const { return longitude > 0 && latitude > 0; }
 };
 
 /// Finds them by the names of the columns, as surveys write them: "Lon", "LATITUDE", "GDA94_long", "Flight_Date". The first of

@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr std::int32_t grid_data = 1, text_kind = 0;
+constexpr std::int32_t grid_data = 1, database_kind = 2;
 constexpr std::int32_t above_sea_level = 1; // a kind of sensor height
 constexpr std::size_t look_size = std::size_t{ 1 } << 16;
 constexpr double widest_survey = 15; // degrees; beyond it, a field of its middle means nothing, or dummies stand among the values
@@ -155,27 +155,57 @@ std::optional<IgrfDate> date_of(const Look & look, std::int32_t column)
     return IgrfDate{ std::round(1000 * middle(first->decimal_year, last->decimal_year)) / 1000 };
 }
 
-std::optional<SurveyPlace> place_of_points(const InversionDefinition & definition, SurveyLook how, Host & host)
+/// What of the definition's points is read: their degrees where they have them, else their coordinates.
+LocationSource source_of(const InversionDefinition & definition, const SurveyColumns & columns)
 {
-    if (definition.data_kind[0] != text_kind) return std::nullopt;
-    const Look look = look_at(definition);
-    const SurveyColumns columns = survey_columns(look.names);
-    const bool has_degrees = columns.longitude > 0 && columns.latitude > 0;
     LocationSource source = location_source(definition, 0);
     source.value_column = {};
     source.line_column = -1;
     source.transform.in_use = false; // where the data are, not where the mesh has them
-    if (has_degrees) source.x_column = columns.longitude, source.y_column = columns.latitude;
-    const Cover cover = how == SurveyLook::whole ? cover_of_all(source, host) : cover_of(look.first, source);
+    if (columns.has_degrees()) source.x_column = columns.longitude, source.y_column = columns.latitude;
+    return source;
+}
+
+std::optional<SurveyPlace> place_of(const Cover & cover, const SurveyColumns & columns, const InversionDefinition & definition)
+{
     if (!(cover.west <= cover.east)) return std::nullopt;
-    const auto centre = has_degrees ? centre_of_degrees(cover)
-                                    : geographic_position_of_point(source.file_name, middle(cover.west, cover.east),
-                                                                   middle(cover.south, cover.north));
+    const auto centre = columns.has_degrees()
+                            ? centre_of_degrees(cover)
+                            : geographic_position_of_point(definition.data_file[0], middle(cover.west, cover.east),
+                                                           middle(cover.south, cover.north));
     if (!centre) return std::nullopt;
-    SurveyPlace place = { centre->latitude, centre->longitude, {}, date_of(look, columns.date) };
+    SurveyPlace place = { centre->latitude, centre->longitude, {}, {} };
     if (definition.sensor_height_type == above_sea_level && cover.low <= cover.high)
         place.elevation = middle(cover.low, cover.high);
     return place;
+}
+
+std::optional<SurveyPlace> place_of_text(const InversionDefinition & definition, SurveyLook how, Host & host)
+{
+    const Look look = look_at(definition);
+    const SurveyColumns columns = survey_columns(look.names);
+    const LocationSource source = source_of(definition, columns);
+    auto place =
+        place_of(how == SurveyLook::whole ? cover_of_all(source, host) : cover_of(look.first, source), columns, definition);
+    if (place) place->date = date_of(look, columns.date);
+    return place;
+}
+
+/// Its names are those of the list that columns are picked from, behind an item for none.
+std::optional<SurveyPlace> place_of_database(const Setup & setup, SurveyLook how, Host & host)
+{
+    if (how != SurveyLook::whole) return std::nullopt;
+    std::vector<std::string> names;
+    for (const ListItem & item : setup.form("Combo_names", 0).items) names.push_back(item.text);
+    if (!names.empty()) names.erase(names.begin());
+    const SurveyColumns columns = survey_columns(names);
+    return place_of(cover_of_all(source_of(setup.definition, columns), host), columns, setup.definition);
+}
+
+std::optional<SurveyPlace> place_of_points(const Setup & setup, SurveyLook how, Host & host)
+{
+    if (setup.definition.data_kind[0] == database_kind) return place_of_database(setup, how, host);
+    return place_of_text(setup.definition, how, host);
 }
 
 std::optional<SurveyPlace> place_of_grid(const std::string & path)
@@ -191,13 +221,14 @@ std::optional<SurveyPlace> place_of_grid(const std::string & path)
 
 }
 
-std::optional<SurveyPlace> survey_place(const InversionDefinition & definition, SurveyLook look, Host & host)
+std::optional<SurveyPlace> survey_place(const Setup & setup, SurveyLook look, Host & host)
 {
+    const InversionDefinition & definition = setup.definition;
     const bool is_grid = definition.data_file_type == grid_data;
     const std::string & path = definition.data_file[is_grid ? 2 : 0];
     if (trim(path).empty() || !path_answers(path) || find_file(path).empty()) return std::nullopt;
     try {
-        return is_grid ? place_of_grid(path) : place_of_points(definition, look, host);
+        return is_grid ? place_of_grid(path) : place_of_points(setup, look, host);
     } catch (const Stopped &) {
         throw;
     } catch (const std::exception &) { // a file that cannot be read says nothing; the check tells why

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "definition/definition.h"
-#include "host/host.h"
+#include "rules/setup.h"
 #include "utilities/igrf_record.h"
 
 #include <optional>
@@ -16,7 +15,7 @@ struct SurveyPlace {
 /// How much of a file of points is looked at.
 enum class SurveyLook {
     whole,    ///< all of its points
-    beginning ///< the points in the first 64 KB, however large the file: near enough to compare fields
+    beginning ///< the points in the first 64 KB, however large the file: near enough to compare fields. Nothing of a database
 };
 
 /// The place of the definition's observed data: the centre of a grid or of points with a known projection, or of points with
@@ -24,4 +23,4 @@ enum class SurveyLook {
 ///
 /// Nothing is guessed: what the files do not say, or say with values that cannot be, is not known. Shows no message and never
 /// fails but with `Stopped`.
-std::optional<SurveyPlace> survey_place(const InversionDefinition & definition, SurveyLook look, Host & host);
+std::optional<SurveyPlace> survey_place(const Setup & setup, SurveyLook look, Host & host);

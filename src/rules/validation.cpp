@@ -44,6 +44,6 @@ Status check_inversion_definitions(Setup & setup, std::optional<ValidatedDefinit
     for (const Step step : steps)
         if (step(setup, host) != Status::good) return Status::bad;
     validated = DefinitionCheck::validated(setup);
-    compare_field(setup.definition, host);
+    compare_field(setup, host);
     return Status::good;
 }

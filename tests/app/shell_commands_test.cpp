@@ -119,13 +119,15 @@ TEST(calculate_igrf, given_the_answer_then_a_computed_field_is_copied_or_the_rec
     InversionDefinition & definition = s.session.setup.definition;
     const InversionDefinition before = definition;
     EXPECT_EQ(press(s.session, "Command_calculate_IGRF", 0, s.host), Status::stopped); // cancelled
-    s.dialogs.defined_field = IgrfRecord{ .name = "none yet" };
+    IgrfRecord field;
+    s.dialogs.defined_field = field; // closed with nothing computed
     EXPECT_EQ(press(s.session, "Command_calculate_IGRF", 0, s.host), Status::stopped);
     EXPECT_EQ(s.dialogs.questions, Texts());
 
     s.session.igrf.name = "before";
-    s.dialogs.defined_field =
-        IgrfRecord{ .name = "after", .intensity = 52055.1236, .inclination = -53.3149, .declination = 6.6585, .computed = true };
+    field.name = "after", field.computed = true;
+    field.inclination = -53.3149, field.declination = 6.6585, field.intensity = 52055.1236;
+    s.dialogs.defined_field = field;
     EXPECT_EQ(press(s.session, "Command_calculate_IGRF", 0, s.host), Status::stopped);
     EXPECT_EQ(s.dialogs.questions, Texts{ "Copy the IGRF values?" });
     EXPECT_EQ(s.session.igrf.name, "before");

@@ -1,7 +1,7 @@
 #include "fakes/case_table.h"
 #include "rules/checked_setup.h"
-#include "support/numbers.h"
 #include "rules/field_comparison.h"
+#include "support/numbers.h"
 
 #include <gtest/gtest.h>
 
@@ -26,14 +26,15 @@ TEST(compare_field, given_a_definition_then_one_message_tells_a_field_that_does_
     const TemporaryFolder folder;
     for (const auto & [solver, field, has_date, is_told] : cases_of<4>("field_comparison.cases")) {
         RecordedHost given;
-        InversionDefinition definition;
+        Setup setup;
+        InversionDefinition & definition = setup.definition;
         definition.data_file[0] = folder.write("data.csv", has_date == "yes" ? dated : undated);
         definition.inversion_method = static_cast<std::int32_t>(numbers_in(solver)[0]);
         definition.obs_data_types[0] = static_cast<std::int32_t>(numbers_in(solver)[1]);
         const std::vector<double> numbers = numbers_in(field);
         definition.mag_inclination = to_f32(numbers[0]), definition.mag_declination = to_f32(numbers[1]);
         definition.mag_intensity = to_f32(numbers[2]);
-        compare_field(definition, given.host);
+        compare_field(setup, given.host);
         EXPECT_EQ(given.dialogs.messages.size(), is_told == "yes" ? 1U : 0U) << solver << " " << field << " " << has_date;
     }
 }

@@ -106,7 +106,7 @@ TEST(save_igrf, given_names_then_the_list_grows_and_one_that_exists_is_written_o
     dialog.pick(0);
     EXPECT_EQ(dialog.field(), first);
     EXPECT_EQ(Texts({ dialog.text("date"), dialog.text("latitude"), dialog.text("longitude"), dialog.text("elevation") }),
-              Texts({ "2003.5", "-22 03 01.440", "140 31 30.720", "312.0" }));
+              Texts({ "2003.5", "-22  3  1.440", "140 31 30.720", "312.0" }));
     dialog.pick(1);
     EXPECT_EQ(dialog.field(), second);
     EXPECT_EQ(dialog.text("date"), "01/02/2021");

@@ -28,13 +28,14 @@ std::string words_of(const std::optional<SurveyPlace> & place)
     return words;
 }
 
-InversionDefinition definition_of(const std::string & file)
+Setup setup_of(const std::string & file)
 {
-    InversionDefinition definition;
+    Setup setup;
+    InversionDefinition & definition = setup.definition;
     definition.data_file[0] = file;
     definition.data_name_line[0] = 1;
     definition.sensor_height_type = 1;
-    return definition;
+    return setup;
 }
 
 }
@@ -44,7 +45,8 @@ TEST(survey_place, given_what_a_file_says_then_only_that_is_known)
     const TemporaryFolder folder;
     RecordedHost given;
     for (const auto & [lines, name_line, z_column, zone, expected] : cases_of<5>("survey_place.cases")) {
-        InversionDefinition definition = definition_of(folder.write("data.csv", file_of(lines)));
+        Setup setup = setup_of(folder.write("data.csv", file_of(lines)));
+        InversionDefinition & definition = setup.definition;
         zone.empty() ? delete_file(folder.file("data.prj")) : void(folder.write("data.prj", projection(zone)));
         const std::int32_t z = number_in(z_column);
         definition.data_name_line[0] = number_in(name_line);
@@ -52,9 +54,9 @@ TEST(survey_place, given_what_a_file_says_then_only_that_is_known)
         definition.coordinate_transform.x_origin = 1e6; // of the mesh, which does not move the survey
         definition.coordinate_transform.in_use = true;
         for (const SurveyLook look : { SurveyLook::whole, SurveyLook::beginning })
-            EXPECT_EQ(words_of(survey_place(definition, look, given.host)), expected) << lines;
+            EXPECT_EQ(words_of(survey_place(setup, look, given.host)), expected) << lines;
     }
-    EXPECT_EQ(words_of(survey_place(definition_of(folder.file("gone")), SurveyLook::whole, given.host)), "unknown");
+    EXPECT_EQ(words_of(survey_place(setup_of(folder.file("gone")), SurveyLook::whole, given.host)), "unknown");
     EXPECT_EQ(given.dialogs.messages, std::vector<std::string>());
 }
 
@@ -65,9 +67,9 @@ TEST(survey_place, given_a_large_file_then_a_look_at_its_beginning_is_content_wi
     std::string text = "Z Lat Lon Date\n";
     for (int i = 0; i <= 10000; ++i)
         text += "1 " + general_text(-22 + i / 10000.0) + " 140 " + (i < 10000 ? "20200101" : "20220101") + "\n";
-    const InversionDefinition definition = definition_of(folder.write("data.dat", text));
-    const auto whole = survey_place(definition, SurveyLook::whole, given.host);
-    const auto beginning = survey_place(definition, SurveyLook::beginning, given.host);
+    const Setup setup = setup_of(folder.write("data.dat", text));
+    const auto whole = survey_place(setup, SurveyLook::whole, given.host);
+    const auto beginning = survey_place(setup, SurveyLook::beginning, given.host);
     ASSERT_TRUE(whole && beginning);
     EXPECT_EQ(whole->latitude, -21.5);
     EXPECT_TRUE(beginning->latitude > -21.99 && beginning->latitude < -21.8) << beginning->latitude;
@@ -78,11 +80,12 @@ TEST(survey_place, given_a_grid_then_its_projection_tells)
 {
     const TemporaryFolder folder;
     RecordedHost given;
-    InversionDefinition definition;
+    Setup setup;
+    InversionDefinition & definition = setup.definition;
     definition.data_file_type = 1;
     definition.data_file[2] =
         folder.write("g.asc", "ncols 2\nnrows 2\nxllcorner 499900\nyllcorner 9999900\ncellsize 100\n1 2\n3 4\n");
-    EXPECT_EQ(words_of(survey_place(definition, SurveyLook::whole, given.host)), "unknown");
+    EXPECT_EQ(words_of(survey_place(setup, SurveyLook::whole, given.host)), "unknown");
     folder.write("g.prj", projection("54"));
-    EXPECT_EQ(words_of(survey_place(definition, SurveyLook::whole, given.host)), "0 141");
+    EXPECT_EQ(words_of(survey_place(setup, SurveyLook::whole, given.host)), "0 141");
 }
