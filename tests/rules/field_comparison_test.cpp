@@ -26,7 +26,7 @@ TEST(compare_field, given_a_definition_then_one_message_tells_a_field_that_does_
     const TemporaryFolder folder;
     for (const auto & [solver, field, has_date, is_told] : cases_of<4>("field_comparison.cases")) {
         RecordedHost given;
-        Setup setup;
+        ::Setup setup;
         InversionDefinition & definition = setup.definition;
         definition.data_file[0] = folder.write("data.csv", has_date == "yes" ? dated : undated);
         definition.inversion_method = static_cast<std::int32_t>(numbers_in(solver)[0]);

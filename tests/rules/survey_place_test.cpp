@@ -30,7 +30,7 @@ std::string words_of(const std::optional<SurveyPlace> & place)
 
 Setup setup_of(const std::string & file)
 {
-    Setup setup;
+    ::Setup setup;
     InversionDefinition & definition = setup.definition;
     definition.data_file[0] = file;
     definition.data_name_line[0] = 1;
@@ -45,7 +45,7 @@ TEST(survey_place, given_what_a_file_says_then_only_that_is_known)
     const TemporaryFolder folder;
     RecordedHost given;
     for (const auto & [lines, name_line, z_column, zone, expected] : cases_of<5>("survey_place.cases")) {
-        Setup setup = setup_of(folder.write("data.csv", file_of(lines)));
+        ::Setup setup = setup_of(folder.write("data.csv", file_of(lines)));
         InversionDefinition & definition = setup.definition;
         zone.empty() ? delete_file(folder.file("data.prj")) : void(folder.write("data.prj", projection(zone)));
         const std::int32_t z = number_in(z_column);
@@ -67,7 +67,7 @@ TEST(survey_place, given_a_large_file_then_a_look_at_its_beginning_is_content_wi
     std::string text = "Z Lat Lon Date\n";
     for (int i = 0; i <= 10000; ++i)
         text += "1 " + general_text(-22 + i / 10000.0) + " 140 " + (i < 10000 ? "20200101" : "20220101") + "\n";
-    const Setup setup = setup_of(folder.write("data.dat", text));
+    const ::Setup setup = setup_of(folder.write("data.dat", text));
     const auto whole = survey_place(setup, SurveyLook::whole, given.host);
     const auto beginning = survey_place(setup, SurveyLook::beginning, given.host);
     ASSERT_TRUE(whole && beginning);
@@ -80,7 +80,7 @@ TEST(survey_place, given_a_grid_then_its_projection_tells)
 {
     const TemporaryFolder folder;
     RecordedHost given;
-    Setup setup;
+    ::Setup setup;
     InversionDefinition & definition = setup.definition;
     definition.data_file_type = 1;
     definition.data_file[2] =
