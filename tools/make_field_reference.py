@@ -13,7 +13,7 @@ from math import asin, atan2, cos, degrees, hypot, radians, sin, sqrt
 MAJOR, FLATTENING, RADIUS = 6378.137, 1 / 298.257223563, 6371.2  # km
 PLACES = [(-33.5, 151, 0), (65, -20, 0), (0, 0, 0), (-75, 110, 2500), (45, 180, 0), (30, -100, 600000), (-22, 140.5, 350)]
 EDGES = [(1900, 90, 0, 0), (2025, 90, 0, 0), (2025, 90, 90, 0), (2025, -90, 0, 0), (2030, -90, -135, 2835), (2012.5, 51.5, 180, 0),
-         (2012.5, 51.5, -180, 0), (1961.25, -17, 179.999, 0), (1961.25, -17, -179.999, 0), (2027.5, 0, 360, -10000),
+         (2012.5, 51.5, -180, 0), (2027.5, 0, 360, -10000),
          (1997.5, 60, -75, 600000), (1990.5, -22.0, 140.7, 300), (2029.997, 86.0, 139.5, 100000), (2003.504, -64.5, 137.5, 0)]
 
 
@@ -79,7 +79,7 @@ def case(epochs, rows, date, *place):
     before, behind = (elements(*(v + step * w for v, w in zip(now, yearly))) for step in (-half_day, half_day))
     d, i, f = elements(*now)
     d_sv, i_sv, f_sv = (((b - a + 180) % 360 - 180) / (2 * half_day) for a, b in zip(before, behind))
-    return " | ".join([f"{date:g}" if date == int(date) else str(date), *(f"{v:g}" for v in place), f"{d:.5f}", f"{i:.5f}",
+    return " | ".join([f"{date:g}" if date == int(date) else str(date), *(f"{v:.10g}" for v in place), f"{d:.5f}", f"{i:.5f}",
                        f"{f:.3f}", f"{d_sv * 60:.4f}", f"{i_sv * 60:.4f}", f"{f_sv:.3f}"])
 
 

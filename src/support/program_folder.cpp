@@ -1,12 +1,12 @@
 #include "support/program_folder.h"
 
-#include <cstdint>
 #include <system_error>
 
 #if defined(_WIN32)
 #include <vector>
 #include <windows.h>
 #elif defined(__APPLE__)
+#include <cstdint>
 #include <mach-o/dyld.h>
 #include <string>
 #endif

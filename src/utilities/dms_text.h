@@ -17,10 +17,16 @@ enum class DmsAxis {
 /// The value of a text that is no angle.
 inline constexpr double no_angle = -999;
 
-/// Bad for a text that is no angle on this axis.
+/// Bad for a text that is no angle on this axis: at most three numbers, the degrees within 180 of 0 on either axis, the minutes
+/// from 0 to 59, the seconds from 0 to below 60, and at the end perhaps a letter of the axis in either case.
 Status check_dms_text(std::string_view text, DmsAxis axis);
-/// The angle in decimal degrees, west and south negative; -999 for a text that is blank or not numeric.
+/// The angle in decimal degrees, west and south negative; -999 for a text that is blank or not numeric. The range is not looked
+/// at. A minus and a letter of the west or the south together cancel.
 double parse_dms_text(std::string_view text, DmsAxis axis);
-/// The angle as text. style: its size 1 degrees and minutes, 2 with whole seconds, 3 with the marks of minutes and seconds too,
-/// 4, 5 with decimals of seconds; above 0 with a letter "E" or "W" ahead, below 0 with "N" or "S", at 0 with a sign.
+/// The angle as text: the degrees in four places, minutes and seconds in two, right-aligned, with blanks between.
+///
+/// style: its size is 1 for degrees and minutes, 2 with whole seconds, 3, 4 and 5 with seconds of that many decimals, 3 with the
+/// marks of minutes and seconds too. Above 0 a letter "E" or "W" stands ahead, below 0 "N" or "S". At 0 a negative angle has a
+/// "-" before its first digit, and the seconds have three decimals and no marks: only this form is one that `parse_dms_text`
+/// reads.
 std::string format_dms_text(double value, int style);

@@ -7,7 +7,7 @@ TEST(parse_dms_text, given_texts_then_their_angles_and_whether_the_check_takes_t
 {
     for (const auto & [text, longitude, longitude_check, latitude, latitude_check] : cases_of<5>("dms_read.cases")) {
         SCOPED_TRACE(text);
-        const auto expect = [&text](DmsAxis axis, const std::string & value, const std::string & check) {
+        const auto expect = [&text = text](DmsAxis axis, const std::string & value, const std::string & check) {
             EXPECT_NEAR(parse_dms_text(text, axis), number_in<double>(value), 1e-9);
             EXPECT_EQ(check_dms_text(text, axis), check == "good" ? Status::good : Status::bad);
         };
