@@ -3,6 +3,7 @@
 // This program also links CGAL itself. Its peers, on like points: peers/topography.py.
 
 #include "data/topography.h"
+#include "host/cancelled_dialogs.h"
 #include "support/paths.h"
 #include "utilities/point_transform.h"
 
@@ -21,14 +22,8 @@ namespace {
 constexpr double west = 430000, south = 7200000, extent = 12800;
 constexpr std::int32_t cells = 512;
 
-struct SilentDialogs : Dialogs {
+struct SilentDialogs : CancelledDialogs {
     void message(const std::string &) override {}
-    bool question(const std::string &) override { return false; }
-    std::optional<std::string> open_file(const FileDialog &) override { return {}; }
-    std::optional<std::string> save_file(const FileDialog &) override { return {}; }
-    std::optional<std::string> choose_folder(const std::string &, const std::string &) override { return {}; }
-    std::optional<std::string> input(const std::string &, const std::string &, const std::string &) override { return {}; }
-    bool check_options(const std::string &, std::vector<CheckOption> &) override { return false; }
     std::optional<PointTransform> define_transform(const PointTransform &) override { return {}; }
 };
 
@@ -38,11 +33,6 @@ struct SilentProgress : Progress {
     void line(const std::string &) override {}
     void step(const std::string &) override {}
     void percent(int) override {}
-};
-
-struct NoSettings : SettingsStore {
-    std::string read(const std::string &, const std::string &, const std::string & start) override { return start; }
-    bool write(const std::string &, const std::string &, const std::string &) override { return true; }
 };
 
 struct NoLauncher : ScriptLauncher {

@@ -3,6 +3,7 @@
 #include "app/file_commands.h"
 #include "desktop/appearance.h"
 #include "desktop/grid_picture.h"
+#include "desktop/igrf_dialog.h"
 #include "desktop/layout_panel.h"
 #include "desktop/main_window.h"
 #include "desktop/transform_dialog.h"
@@ -173,6 +174,16 @@ void set(MainWindow & window, const std::string & control, int index, const char
     QTest::keyClick(&box, Qt::Key_Return);
 }
 
+/// The field at the bundled survey, in the middle of the time in which it was flown.
+IgrfRecord osborne_field(Host & host)
+{
+    IgrfRecord record;
+    const IgrfTexts texts = { "1/7/1990", "140.572", "-22.091", "317" };
+    if (calculate_igrf(texts, record, host) != Status::good) std::puts("no field");
+    record.name = "Osborne";
+    return record;
+}
+
 void picture_refined(MainWindow & window, Camera & camera, RecordedDialogs & dialogs, const TemporaryFolder & scratch,
                      const std::string & definition)
 {
@@ -247,6 +258,10 @@ int main(int argument_count, char ** arguments)
     camera.save(*window.findChild<QDialog *>(QStringLiteral("Frame_checklist")), QStringLiteral("10_check_list"));
     window.press("Command_close_checklist");
     camera.dialog(QStringLiteral("11_transform"), [&] { define_transform(window, PointTransform(), window.host()); });
+    IgrfRecord field = osborne_field(window.host());
+    settings.write("IGRF", field.name, "");
+    const SurveyPlace survey = { field.latitude, field.longitude, {}, {} };
+    camera.dialog(QStringLiteral("15_field"), [&] { define_igrf(window, field, &survey, window.host()); });
     dialogs.parent = &window;
     dialogs.picks = { scratch.write("section.inv", "1 2\n11 x\n6\nTrapezoidal Grid used") };
     camera.dialog(QStringLiteral("12_options"), [&window] { window.press("menu_define_inversion_mode", 1); });

@@ -84,6 +84,21 @@ std::string FileSettings::read(const std::string & section, const std::string & 
     }
 }
 
+std::vector<std::string> FileSettings::names(const std::string & section)
+{
+#ifdef _WIN32
+    if (path_.empty()) return registry_names(application, section);
+#endif
+    std::vector<std::string> all;
+    try {
+        const std::optional<Json> settings = settings_in(text_of(path_));
+        if (settings)
+            for (const auto & [name, text] : settings->at(application).at(section).items()) all.push_back(name);
+    } catch (const std::exception &) { // no file or no such section
+    }
+    return all;
+}
+
 bool FileSettings::write(const std::string & section, const std::string & name, const std::string & text)
 {
 #ifdef _WIN32

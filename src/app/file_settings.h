@@ -16,6 +16,7 @@ public:
 
     std::string read(const std::string & section, const std::string & name, const std::string & start) override;
     bool write(const std::string & section, const std::string & name, const std::string & text) override;
+    std::vector<std::string> names(const std::string & section) override; ///< in the order of their bytes
 
 private:
     std::string path_; ///< empty where the user has no such folder: nothing is kept

@@ -53,12 +53,6 @@ Status refresh_folders(Session & session, int, Host &)
     return Status::good;
 }
 
-Status say_igrf_is_missing(Session &, int, Host & host)
-{
-    host.dialogs.message("Calculating the earth's field is not available yet: type its inclination, declination and intensity");
-    return Status::bad;
-}
-
 /// A button beside a box opens the file dialog of the box.
 Status pick_image(Session & session, int index, Host & host)
 {
@@ -105,7 +99,7 @@ constexpr Command commands[] = {
     { "Command_close_checklist", &show_checklist<false>, while_busy },
     // the definition
     { "Command_define_coordinate_transform", &without_index<press_define_transform> },
-    { "Command_calculate_IGRF", &say_igrf_is_missing },
+    { "Command_calculate_IGRF", &without_index<press_calculate_igrf> },
     { "Command_depth_weighting_file", &pick_bounds },
     { "Command_update", &of_setup<press_update> },
     { "Command_set_limits_from_file", &of_setup<set_limits_from_file> },

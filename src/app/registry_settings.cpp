@@ -78,6 +78,22 @@ std::string path_of(const char * branch, const std::string & application, const 
     return branch + application + "\\" + section;
 }
 
+/// The names of a key's values; empty for a key that is not there.
+std::vector<std::string> value_names(const std::string & path)
+{
+    std::vector<std::string> names;
+    HKEY key = nullptr;
+    if (::RegOpenKeyExW(HKEY_CURRENT_USER, wide(path).c_str(), 0, KEY_READ, &key) != ERROR_SUCCESS) return names;
+    std::wstring name(16384, L'\0'); // the longest that there are, and a NUL
+    for (DWORD index = 0;; ++index) {
+        auto size = static_cast<DWORD>(name.size());
+        if (::RegEnumValueW(key, index, name.data(), &size, nullptr, nullptr, nullptr, nullptr) != ERROR_SUCCESS) break;
+        names.push_back(narrow(name.substr(0, size)));
+    }
+    ::RegCloseKey(key);
+    return names;
+}
+
 }
 
 std::string read_registry(const std::string & application, const std::string & section, const std::string & name,
@@ -94,6 +110,13 @@ bool write_registry(const std::string & application, const std::string & section
     const std::wstring key = wide(path_of(branches(application)[0], application, section)), value = wide(text);
     const auto size = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
     return ::RegSetKeyValueW(HKEY_CURRENT_USER, key.c_str(), wide(name).c_str(), REG_SZ, value.c_str(), size) == ERROR_SUCCESS;
+}
+
+std::vector<std::string> registry_names(const std::string & application, const std::string & section)
+{
+    for (const char * branch : branches(application))
+        if (const std::string path = path_of(branch, application, section); key_exists(path)) return value_names(path);
+    return {};
 }
 
 #endif

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 // The user's settings in the registry, where there is one.
 
@@ -10,3 +11,5 @@ std::string read_registry(const std::string & application, const std::string & s
 /// Writes it. False when it could not be kept.
 bool write_registry(const std::string & application, const std::string & section, const std::string & name,
                     const std::string & text);
+/// The names of the section's values.
+std::vector<std::string> registry_names(const std::string & application, const std::string & section);

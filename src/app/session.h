@@ -3,6 +3,7 @@
 #include "creation/creation.h"
 #include "definition/definition_file.h"
 #include "rules/setup.h"
+#include "utilities/igrf_record.h"
 
 #include <array>
 #include <optional>
@@ -22,6 +23,7 @@ struct PausedCreation {
 struct Session {
     Setup setup;
     std::optional<PausedCreation> paused;
+    IgrfRecord igrf;                            ///< the field that was computed last
     std::vector<std::string> recent_files;      ///< newest first, at most `most_recent_files`
     std::array<std::string, 2> temporary_files; ///< working copies, deleted at the end when their names begin with "~"
     bool busy = false;                          ///< a command runs

@@ -3,9 +3,12 @@
 #include "app/file_commands.h"
 #include "app/output_folder.h"
 #include "rules/apply_definition.h"
+#include "rules/survey_place.h"
 #include "rules/validation.h"
 #include "support/fault.h"
+#include "support/numbers.h"
 #include "support/paths.h"
+#include "support/pattern.h"
 #include "support/text.h"
 
 namespace {
@@ -84,6 +87,33 @@ Status press_define_transform(Session & session, Host & host)
     setup.definition.coordinate_transform = *defined;
     normalise_point_transform(setup.definition.coordinate_transform);
     show_transform(setup);
+    return Status::good;
+}
+
+Status press_calculate_igrf(Session & session, Host & host)
+{
+    const IgrfRecord before = session.igrf;
+    InversionDefinition & definition = session.setup.definition;
+    const auto survey = survey_place(session.setup, SurveyLook::whole, host);
+    if (!host.dialogs.define_igrf(session.igrf, survey ? &*survey : nullptr)) return Status::stopped;
+    const IgrfRecord & field = session.igrf;
+    if (!field.computed) return Status::stopped;
+    if (!host.dialogs.question("Copy the IGRF values?")) {
+        session.igrf = before;
+        return Status::stopped;
+    }
+    const struct {
+        const char * control;
+        float & field;
+        double value;
+        const char * pattern;
+    } rows[] = { { "Text_mag_inclination", definition.mag_inclination, field.inclination, "0.00" },
+                 { "Text_mag_declination", definition.mag_declination, field.declination, "0.000" },
+                 { "Text_mag_intensity", definition.mag_intensity, field.intensity, "0.000" } };
+    for (const auto & row : rows) {
+        row.field = to_f32(row.value);
+        session.setup.form[row.control].text = format_number(row.value, row.pattern);
+    }
     return Status::good;
 }
 

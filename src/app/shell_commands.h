@@ -21,5 +21,8 @@ Status press_make_folder(Session & session, Host & host);
 /// Opens the window that defines the coordinate transform and takes over what comes of it.
 Status press_define_transform(Session & session, Host & host);
 
+/// Opens the window that computes the earth's field and, when the user says so, takes the result over into the definition.
+Status press_calculate_igrf(Session & session, Host & host);
+
 /// The text of the check list.
 std::string checklist_text();

@@ -47,10 +47,3 @@ private:
 void watch_for_interrupt();
 /// Fails with `Stopped` once an interrupt has come. For work that reports no progress.
 void stop_if_interrupted();
-
-/// Settings are the desktop program's; a batch run leaves no trace in them.
-class NoSettings : public SettingsStore {
-public:
-    std::string read(const std::string &, const std::string &, const std::string & start) override { return start; }
-    bool write(const std::string &, const std::string &, const std::string &) override { return false; }
-};

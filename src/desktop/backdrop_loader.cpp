@@ -62,12 +62,6 @@ private:
 
 namespace {
 
-/// Reading needs neither settings nor a launcher.
-struct NoSettings : SettingsStore {
-    std::string read(const std::string &, const std::string &, const std::string & start) override { return start; }
-    bool write(const std::string &, const std::string &, const std::string &) override { return false; }
-};
-
 struct NoLauncher : ScriptLauncher {
     void start(const std::string &, const std::string &) override {}
 };

@@ -110,6 +110,11 @@ std::optional<PointTransform> DesktopDialogs::define_transform(const PointTransf
     return transform_dialog ? transform_dialog(start) : std::nullopt;
 }
 
+bool DesktopDialogs::define_igrf(IgrfRecord & record, const SurveyPlace * survey)
+{
+    return igrf_dialog && igrf_dialog(record, survey);
+}
+
 void DesktopProgress::begin_command()
 {
     in_command_ = true;

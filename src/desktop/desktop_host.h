@@ -15,6 +15,9 @@ public:
     /// Opens the dialog of the transform; set by the window, which knows what the dialog needs.
     std::function<std::optional<PointTransform>(const PointTransform &)> transform_dialog;
 
+    /// Opens the dialog of the field; set as the one above.
+    std::function<bool(IgrfRecord &, const SurveyPlace *)> igrf_dialog;
+
     void message(const std::string & text) override;
     bool question(const std::string & text) override;
     std::optional<std::string> open_file(const FileDialog & dialog) override;
@@ -23,6 +26,7 @@ public:
     std::optional<std::string> input(const std::string & title, const std::string & prompt, const std::string & start) override;
     bool check_options(const std::string & title, std::vector<CheckOption> & options) override;
     std::optional<PointTransform> define_transform(const PointTransform & transform) override;
+    bool define_igrf(IgrfRecord & record, const SurveyPlace * survey) override;
 
 private:
     QWidget & parent_;

@@ -8,6 +8,7 @@
 #include "desktop/check_list.h"
 #include "desktop/companions.h"
 #include "desktop/data_previews.h"
+#include "desktop/igrf_dialog.h"
 #include "desktop/layout_panel.h"
 #include "desktop/transform_dialog.h"
 #include "rules/change_rules.h"
@@ -101,8 +102,9 @@ void add_items(QMenu & menu, std::span<const Item> items)
 }
 
 /// Commands that may change the definition. Others only check it, which fills in what is derived from it.
-constexpr std::string_view editing_commands[] = { "Command_define_coordinate_transform", "Command_depth_weighting_file",
-                                                  "Command_update", "Command_set_limits_from_file", "menu_read_file" };
+constexpr std::string_view editing_commands[] = { "Command_define_coordinate_transform", "Command_calculate_IGRF",
+                                                  "Command_depth_weighting_file",        "Command_update",
+                                                  "Command_set_limits_from_file",        "menu_read_file" };
 
 std::string path_of(const QUrl & url) { return definition_path(std::filesystem::path(url.toLocalFile().toStdString())); }
 
@@ -116,6 +118,9 @@ MainWindow::MainWindow(SettingsStore & settings, ScriptLauncher & launcher, Dial
       progress_(session_.setup.form, display_), host_{ display_.dialogs, progress_, settings, launcher, debug_ }
 {
     own_dialogs_.transform_dialog = [this](const PointTransform & start) { return define_transform(*this, start, host_); };
+    own_dialogs_.igrf_dialog = [this](IgrfRecord & record, const SurveyPlace * survey) {
+        return define_igrf(*this, record, survey, host_);
+    };
     setObjectName(QStringLiteral("Form_mag3d"));
     setAcceptDrops(true);
     setWindowIcon(program_icon());

@@ -23,14 +23,6 @@ constexpr const char * no_position = "it has no position: neither coordinates no
 constexpr const char * cut_short = "it is cut short: it holds fewer values than its header says";
 constexpr const char * rotated = "it is rotated, and only grids along the axes can be read";
 
-std::vector<const char *> grid_drivers()
-{
-    std::vector<const char *> drivers;
-    for (const GridFormat & format : grid_formats())
-        if (*format.driver != '\0') drivers.push_back(format.driver);
-    return drivers;
-}
-
 bool is_driver(const GridFormat & format, std::string_view driver) { return format.driver == driver; }
 
 bool is_surfer(const GridFormat & format)

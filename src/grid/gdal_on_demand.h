@@ -1,6 +1,7 @@
 #pragma once
 
 #include <gdal.h>
+#include <ogr_srs_api.h>
 
 // GDAL brings more than a hundred libraries with it, which take longer to load than a small inversion takes to write. So it is
 // loaded when a grid is first looked at: each of its functions that is used here stands for itself, found in the library.
@@ -50,6 +51,7 @@ void * gdal_function(const char * name);
 #define GDALGetRasterScale GDAL_ON_DEMAND(GDALGetRasterScale)
 #define GDALGetRasterXSize GDAL_ON_DEMAND(GDALGetRasterXSize)
 #define GDALGetRasterYSize GDAL_ON_DEMAND(GDALGetRasterYSize)
+#define GDALGetSpatialRef GDAL_ON_DEMAND(GDALGetSpatialRef)
 #define GDALGroupOpenMDArray GDAL_ON_DEMAND(GDALGroupOpenMDArray)
 #define GDALGroupRelease GDAL_ON_DEMAND(GDALGroupRelease)
 #define GDALIdentifyDriverEx GDAL_ON_DEMAND(GDALIdentifyDriverEx)
@@ -63,5 +65,13 @@ void * gdal_function(const char * name);
 #define GDALReleaseDimensions GDAL_ON_DEMAND(GDALReleaseDimensions)
 #define GDALSetGeoTransform GDAL_ON_DEMAND(GDALSetGeoTransform)
 #define GDALSetRasterNoDataValue GDAL_ON_DEMAND(GDALSetRasterNoDataValue)
+#define OCTDestroyCoordinateTransformation GDAL_ON_DEMAND(OCTDestroyCoordinateTransformation)
+#define OCTNewCoordinateTransformation GDAL_ON_DEMAND(OCTNewCoordinateTransformation)
+#define OCTTransform GDAL_ON_DEMAND(OCTTransform)
+#define OSRClone GDAL_ON_DEMAND(OSRClone)
+#define OSRDestroySpatialReference GDAL_ON_DEMAND(OSRDestroySpatialReference)
+#define OSRNewSpatialReference GDAL_ON_DEMAND(OSRNewSpatialReference)
+#define OSRSetAxisMappingStrategy GDAL_ON_DEMAND(OSRSetAxisMappingStrategy)
+#define OSRSetFromUserInput GDAL_ON_DEMAND(OSRSetFromUserInput)
 
 #endif

@@ -51,6 +51,14 @@ const GridFormat * grid_format_of_driver(const std::string & driver)
     return format_that([&](const GridFormat & format) { return !driver.empty() && driver == format.driver; });
 }
 
+std::vector<const char *> grid_drivers()
+{
+    std::vector<const char *> drivers;
+    for (const GridFormat & format : grid_formats())
+        if (*format.driver != '\0') drivers.push_back(format.driver);
+    return drivers;
+}
+
 std::string null_rule_text(const GridHeader & header)
 {
     std::string text = header.format->null_rule;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 /// How many bytes the values of a format take in a file, so that a header cannot promise what the file does not hold.
 enum class BodySize {
@@ -34,6 +35,9 @@ std::span<const GridFormat> grid_formats();
 /// The row with a code, or with a driver's name; null when there is none.
 const GridFormat * grid_format_with_code(std::int32_t code);
 const GridFormat * grid_format_of_driver(const std::string & driver);
+
+/// The GDAL drivers of the formats that have one.
+std::vector<const char *> grid_drivers();
 
 /// The null rule of an open grid in words and number, as shown to the user. Any value at or below -1e30, and what is no
 /// number at all, is missing in every format.

@@ -15,4 +15,5 @@ public:
         return std::nullopt;
     }
     bool check_options(const std::string &, std::vector<CheckOption> &) override { return false; }
+    bool define_igrf(IgrfRecord &, const SurveyPlace *) override { return false; }
 };

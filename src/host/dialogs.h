@@ -4,7 +4,9 @@
 #include <string>
 #include <vector>
 
+struct IgrfRecord;
 struct PointTransform;
+struct SurveyPlace;
 
 /// What a file dialog shows: its title, its filter ("words|*.a;*.b|more words|*.*") and where it starts.
 struct FileDialog {
@@ -40,4 +42,7 @@ public:
     virtual bool check_options(const std::string & title, std::vector<CheckOption> & options) = 0;
     /// The window that defines a coordinate transform, showing `transform` at first; nothing when cancelled.
     virtual std::optional<PointTransform> define_transform(const PointTransform & transform) = 0;
+    /// The window that computes the earth's field, showing `record` at first. survey: where the survey is, null when that is not
+    /// known. False, with the record as it was, when cancelled.
+    virtual bool define_igrf(IgrfRecord & record, const SurveyPlace * survey) = 0;
 };

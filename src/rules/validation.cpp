@@ -1,5 +1,6 @@
 #include "rules/validation.h"
 
+#include "rules/field_comparison.h"
 #include "rules/mesh_boxes.h"
 #include "rules/refined_boxes.h"
 #include "rules/tile_boxes.h"
@@ -43,5 +44,6 @@ Status check_inversion_definitions(Setup & setup, std::optional<ValidatedDefinit
     for (const Step step : steps)
         if (step(setup, host) != Status::good) return Status::bad;
     validated = DefinitionCheck::validated(setup);
+    compare_field(setup, host);
     return Status::good;
 }

@@ -6,7 +6,8 @@
 #include <optional>
 
 /// Checks the form and collects it into the record, in a fixed order, stopping at the first fault after its message.
-/// Nothing is rolled back on failure. The only maker of a validated record.
+/// Nothing is rolled back on failure. A field that does not fit the survey is told and passes. The only maker of a validated
+/// record.
 Status check_inversion_definitions(Setup & setup, std::optional<ValidatedDefinition> & validated, Host & host);
 
 /// The same for one data location slot, 0 to 5.

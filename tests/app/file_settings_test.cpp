@@ -27,6 +27,8 @@ TEST(file_settings, given_writes_of_two_programs_then_each_reads_what_both_wrote
     EXPECT_EQ(one.read("IGRF", "Date", "<no value>"), ""); // kept as blank, which is not the same as not kept
     EXPECT_EQ(one.read("IGRF", "CWD", "<no value>"), "<no value>");
     EXPECT_FALSE(one.write("IGRF", "Year", "no UTF-8: \xff"));
+    EXPECT_EQ(one.names("IGRF"), std::vector<std::string>({ "Date", "Year" }));
+    EXPECT_EQ(one.names("none"), std::vector<std::string>());
     EXPECT_EQ(two.read("IGRF", "Year", "<no value>"), "2020");
 }
 

@@ -1,3 +1,4 @@
+#include "app/press.h"
 #include "app/shell_commands.h"
 #include "app/started_session.h"
 #include "batch/tiny_survey.h"
@@ -110,4 +111,36 @@ TEST(define_transform, given_one_defined_then_the_record_and_the_button_follow)
         EXPECT_EQ(s.session.setup.definition.coordinate_transform.x_origin, origin);
         EXPECT_EQ(s.control("Command_define_coordinate_transform").back_colour, origin > 0 ? 255 : Control::window_colour);
     }
+}
+
+TEST(calculate_igrf, given_the_answer_then_a_computed_field_is_copied_or_the_record_is_as_it_was)
+{
+    StartedSession s;
+    InversionDefinition & definition = s.session.setup.definition;
+    const InversionDefinition before = definition;
+    EXPECT_EQ(press(s.session, "Command_calculate_IGRF", 0, s.host), Status::stopped); // cancelled
+    IgrfRecord field;
+    s.dialogs.defined_field = field; // closed with nothing computed
+    EXPECT_EQ(press(s.session, "Command_calculate_IGRF", 0, s.host), Status::stopped);
+    EXPECT_EQ(s.dialogs.questions, Texts());
+
+    s.session.igrf.name = "before";
+    field.name = "after", field.computed = true;
+    field.inclination = -53.3149, field.declination = 6.6585, field.intensity = 52055.1236;
+    s.dialogs.defined_field = field;
+    EXPECT_EQ(press(s.session, "Command_calculate_IGRF", 0, s.host), Status::stopped);
+    EXPECT_EQ(s.dialogs.questions, Texts{ "Copy the IGRF values?" });
+    EXPECT_EQ(s.session.igrf.name, "before");
+    EXPECT_EQ(definition, before);
+
+    s.dialogs.yes = true;
+    EXPECT_EQ(press(s.session, "Command_calculate_IGRF", 0, s.host), Status::good);
+    EXPECT_EQ(s.session.igrf.name, "after");
+    EXPECT_EQ(Texts({ s.control("Text_mag_inclination").text, s.control("Text_mag_declination").text,
+                      s.control("Text_mag_intensity").text }),
+              Texts({ "-53.31", "6.659", "52055.124" }));
+    EXPECT_EQ(definition.mag_inclination, -53.3149F);
+    EXPECT_EQ(definition.mag_declination, 6.6585F);
+    EXPECT_EQ(definition.mag_intensity, 52055.1236F);
+    EXPECT_EQ(s.said(), Texts());
 }

@@ -1,4 +1,5 @@
 #include "desktop/driven_window.h"
+#include "desktop/igrf_dialog.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
@@ -69,6 +70,39 @@ TEST(transform_dialog, given_a_bad_scale_then_it_stays_and_a_good_one_is_taken_o
     });
     given.press("Command_define_coordinate_transform");
     EXPECT_EQ(transform.rotation, 30);
+}
+
+TEST(igrf_dialog, given_a_place_then_its_field_is_saved_under_a_name_and_copied_and_every_control_has_a_widget)
+{
+    DrivenWindow given(nullptr, DrivenWindow::Boxes::real);
+    in_next_dialog([](QDialog & dialog) {
+        EXPECT_EQ(dynamic_cast<IgrfDialog &>(dialog).view().unjoined(), QStringList());
+        EXPECT_FALSE(part(dialog, "Command_save_igrf").isEnabled());
+        EXPECT_FALSE(part(dialog, "Command_survey_centre").isVisible());
+        EXPECT_TRUE(part(dialog, "Text_IGRF_date").hasFocus());
+        type_over(part(dialog, "Text_IGRF_date"), "1/7/1990");
+        type_over(part(dialog, "Text_IGRF_latitude"), "-22.09");
+        type_over(part(dialog, "Text_IGRF_longitude"), "190.5");
+        in_next_dialog<QMessageBox>([](QMessageBox & box) { answer(box, "The longitude is invalid", QMessageBox::Ok); });
+        QTest::keyClick(&part(dialog, "Text_IGRF_longitude"), Qt::Key_Return);
+        EXPECT_EQ(part<QLineEdit>(dialog, "Text_IGRF_intensity").text(), QString());
+        type_over(part(dialog, "Text_IGRF_longitude"), "140 34 12 E");
+        QTest::keyClick(&part(dialog, "Text_IGRF_longitude"), Qt::Key_Return);
+        EXPECT_TRUE(part<QLineEdit>(dialog, "Text_IGRF_intensity").text().startsWith(QStringLiteral("520")));
+        in_next_dialog([](QDialog & box) {
+            EXPECT_EQ(box.windowTitle(), QStringLiteral("Specify Name"));
+            QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("Osborne"));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        });
+        click(part(dialog, "Command_save_igrf"));
+        EXPECT_EQ(part<QComboBox>(dialog, "Combo_IGRF").currentText(), QStringLiteral("Osborne"));
+        in_next_dialog<QMessageBox>([](QMessageBox & box) { answer(box, "Copy the IGRF values?", QMessageBox::Yes); });
+        click(part(dialog, "Command_done"));
+    });
+    given.press("Command_calculate_IGRF");
+    EXPECT_EQ(given.text("Text_mag_inclination").substr(0, 5), "-53.3");
+    EXPECT_TRUE(given.window.isWindowModified());
+    EXPECT_EQ(given.own_settings.names("IGRF"), Texts{ "Osborne" });
 }
 
 TEST(option_dialog, given_options_then_what_is_ticked_comes_back_unless_it_is_cancelled)

@@ -19,16 +19,9 @@
 
 using Texts = std::vector<std::string>;
 
-/// Answers questions as it is told to.
+/// Tells what has been said and asked since the last look.
 struct AnsweringDialogs : RecordedDialogs {
-    bool yes = false;
-
-    bool question(const std::string & text) override
-    {
-        questions.push_back(text);
-        return yes;
-    }
-    Texts said() { return std::exchange(messages, {}); } ///< since the last look
+    Texts said() { return std::exchange(messages, {}); }
     Texts asked() { return std::exchange(questions, {}); }
 };
 

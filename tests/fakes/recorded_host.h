@@ -2,6 +2,7 @@
 
 #include "host/host.h"
 #include "support/fault.h"
+#include "utilities/igrf_record.h"
 #include "utilities/point_transform.h"
 
 #include <deque>
@@ -10,19 +11,22 @@
 #include <string>
 #include <vector>
 
-/// Records every message and picks from a script; what the script does not hold is cancelled, and every question answered No.
+/// Records every message and picks from a script; what the script does not hold is cancelled, and every question answered No
+/// unless told otherwise.
 struct RecordedDialogs : Dialogs {
     std::vector<std::string> messages;
     std::vector<std::string> questions; ///< questions, file dialogs and input boxes by their text or title
     std::deque<std::string> picks;      ///< for file, folder and input dialogs, in order
     std::optional<PointTransform> defined_transform;
+    std::optional<IgrfRecord> defined_field;
+    bool yes = false;     ///< the answer to every question
     FileDialog last_file; ///< the last dialog for a file to open
 
     void message(const std::string & text) override { messages.push_back(text); }
     bool question(const std::string & text) override
     {
         questions.push_back(text);
-        return false;
+        return yes;
     }
     std::optional<std::string> open_file(const FileDialog & dialog) override
     {
@@ -43,6 +47,11 @@ struct RecordedDialogs : Dialogs {
         return picked.has_value();
     }
     std::optional<PointTransform> define_transform(const PointTransform &) override { return defined_transform; }
+    bool define_igrf(IgrfRecord & record, const SurveyPlace *) override
+    {
+        if (defined_field) record = *defined_field;
+        return defined_field.has_value();
+    }
 
 private:
     std::optional<std::string> pick(const std::string & title)
@@ -85,6 +94,13 @@ struct KeptSettings : SettingsStore {
     {
         kept[section + "\\" + name] = text;
         return true;
+    }
+    std::vector<std::string> names(const std::string & section) override
+    {
+        std::vector<std::string> all;
+        for (const auto & [path, text] : kept)
+            if (path.starts_with(section + "\\")) all.push_back(path.substr(section.size() + 1));
+        return all;
     }
 };
 
