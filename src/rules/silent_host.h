@@ -19,10 +19,6 @@ struct SilentHost {
         void step(const std::string &) override {}
         void percent(int) override {}
     };
-    struct NoSettings : SettingsStore {
-        std::string read(const std::string &, const std::string &, const std::string & start) override { return start; }
-        bool write(const std::string &, const std::string &, const std::string &) override { return false; }
-    };
     struct NoLauncher : ScriptLauncher {
         void start(const std::string &, const std::string &) override {}
     };
