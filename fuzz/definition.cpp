@@ -29,14 +29,14 @@ Setup fresh_setup()
     return started;
 }
 
-/// Files that are there take the place of those named, so that no input leads elsewhere.
+/// Files that are there take the place of those named, so that no input leads elsewhere. One grid does for all.
 void name_files_that_are_there(InversionDefinition & record)
 {
     static const std::string points = scratch_file("points.csv", "X,Y,Z,T\n1,2,3,4\n11,12,13,14\n"),
                              grid = scratch_file("grid.gxf", "#POINTS\n2\n#ROWS\n2\n#XORIGIN\n0\n#YORIGIN\n0\n#PTSEPARATION\n10\n"
                                                              "#RWSEPARATION\n10\n#GRID\n1 2\n3 4\n");
     for (std::size_t slot = 0; slot < record.data_file.size(); ++slot)
-        if (!trim(record.data_file[slot]).empty()) record.data_file[slot] = slot < 2 ? points : grid;
+        if (!trim(record.data_file[slot]).empty()) record.data_file[slot] = slot < 2 ? points : slot == 2 ? grid : "";
     for (std::string * const file : { &record.initial_model, &record.reference_model, &record.weighting_model,
                                       &record.model_bounds[0], &record.model_bounds[1], &record.rock_property_file })
         if (file->find_first_of("/\\") != std::string::npos) *file = points;

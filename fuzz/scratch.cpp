@@ -33,6 +33,22 @@ struct ScratchFolder {
 
 }
 
+// Fuzzers learn from comparisons. These must not teach them the words, which would then stand in the file that a message quotes.
+#ifdef __clang__
+__attribute__((no_sanitize("coverage")))
+#endif
+bool speaks_of_the_library(std::string_view message)
+{
+    constexpr std::string_view words[] = { "std::b", "std::l", "vector::_M", "basic_string", "json.exception" };
+    for (const std::string_view word : words)
+        for (std::size_t at = 0; at + word.size() <= message.size(); ++at) {
+            std::size_t same = 0;
+            while (same < word.size() && message[at + same] == word[same]) ++same;
+            if (same == word.size()) return true;
+        }
+    return false;
+}
+
 const std::string & scratch_folder()
 {
     static const ScratchFolder scratch;
