@@ -8,7 +8,7 @@
 #include "support/text_file.h"
 
 #include <algorithm>
-#include <bit>
+#include <cmath>
 
 namespace {
 
@@ -45,7 +45,8 @@ LocationSource take_source(Input & input)
 template <class Number>
 bool same_numbers(const List<Number> & a, const List<Number> & b)
 {
-    return std::ranges::equal(a.items(), b.items(), [](Number x, Number y) { return x == y || (x != x && y != y); });
+    return std::ranges::equal(a.items(), b.items(),
+                              [](Number x, Number y) { return x == y || (std::isnan(x) && std::isnan(y)); });
 }
 
 bool same_points(const ObservedData & a, const ObservedData & b)
