@@ -149,8 +149,13 @@ Seeds transforms()
 
 Seeds settings()
 {
-    return { R"({"Brindlewood":{"ZEB_QVinv3d_setup":{"folder":"C:\\data","MRU1":"a.inp"}}})", R"({"Brindlewood":{}})",
-             R"({"Brindlewood":{"other":{"a":[1,2.5e3,null,true,{"b":"\u00e9"}]}},"more":[]})", "{", "" };
+    const std::string deep(100000, '['); // more calls within calls than a stack has room for
+    return { R"({"Brindlewood":{"ZEB_QVinv3d_setup":{"folder":"C:\\data","MRU1":"a.inp"}}})",
+             R"({"Brindlewood":{}})",
+             R"({"Brindlewood":{"other":{"a":[1,2.5e3,null,true,{"b":"\u00e9"}]}},"more":[]})",
+             "{",
+             "",
+             R"({"Brindlewood":{"ZEB_QVinv3d_setup":{"a":)" + deep + std::string(deep.size(), ']') + "}}}" };
 }
 
 Seeds numbers()

@@ -229,7 +229,9 @@ void read_numbers(Input input)
     check_bulk_forms(value, decimals);
     made([&] { return format_number(value, text); });
     made([&] { return format_fixed(value, decimals, true); });
-    made([&] { return format_number(value, format_pattern_for_value(value, decimals)); });
+    const auto pattern = made([&] { return format_pattern_for_value(value, decimals); });
+    must(pattern.has_value() == std::isfinite(value), "a pattern for what is no number");
+    if (pattern) format_number(value, *pattern);
     made([&] { return format_number(value, format_pattern_for_magnitude(value)); });
     made([&] { return leading_count(text); });
     made([&] { return to_f32(value); });
