@@ -53,8 +53,14 @@ std::string text_of(const std::string & path) { return std::string(FileBytes(pat
 std::optional<Json> settings_in(const std::string & text)
 {
     constexpr bool throwing = false;
-    Json settings = Json::parse(text, nullptr, throwing);
-    if (!settings.is_object()) return std::nullopt;
+    constexpr int deepest = 50; // what is kept is copied and written by calls within calls
+    bool too_deep = false;
+    const auto keep = [&](int depth, Json::parse_event_t, const Json &) {
+        too_deep = too_deep || depth > deepest;
+        return !too_deep;
+    };
+    Json settings = Json::parse(text, keep, throwing);
+    if (too_deep || !settings.is_object()) return std::nullopt;
     Json & sections = settings[application];
     if (sections.is_null()) sections = Json::object();
     const auto is_object = [](const Json & section) { return section.is_object(); };

@@ -1,11 +1,16 @@
 #include "data/point_gatherer.h"
 
+#include "support/fault.h"
 #include "support/numbers.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
+
+// So many points may be filled in whatever the file, and so many more for each of its readings. One that is far off for a slip of
+// the pen would otherwise bring as many as there is room for, and more.
+constexpr std::int64_t most_filled_in = 100000, most_filled_in_each = 100;
 
 void update(RecordTexts::Text & text, const RecordTexts::Text & later)
 {
@@ -101,7 +106,11 @@ void PointGatherer::fill_in(const ObservedData & points, std::int32_t number)
     const double distance = std::hypot(place.x - before.x, place.y - before.y);
     if (same_line && distance > interval) {
         std::int32_t steps = round_to_count(distance / interval);
-        if (distance - interval / 10 > steps * interval) ++steps;
+        if (distance - interval / 10 > steps * interval) steps = add_counts(steps, 1);
+        filled_in_ += steps - 1;
+        if (filled_in_ > most_filled_in + most_filled_in_each * (point_count_ - filled_in_ + steps))
+            throw Fault("a reading of line " + texts_.line.text + " lies " + general_text(distance) +
+                        " m from the one before, too far to fill in points every " + general_text(interval) + " m");
         for (std::int32_t i = 1; stores_ && i < steps; ++i) {
             const double part = static_cast<double>(i) / steps;
             store({ before.x + part * (place.x - before.x), before.y + part * (place.y - before.y),

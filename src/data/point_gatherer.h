@@ -41,7 +41,7 @@ private:
     LocationStatistics statistics_;
     Tally z_;
     std::array<Tally, 3> value_;
-    std::int64_t point_count_ = 0;
+    std::int64_t point_count_ = 0, filled_in_ = 0; ///< all points, and those of them between readings
     RecordTexts texts_;
     std::int32_t line_count_ = 0;
     bool has_categories_ = false;

@@ -15,6 +15,8 @@ namespace {
 
 constexpr std::int32_t gxf_code = 9;
 constexpr std::size_t longest_header = 1 << 16;
+constexpr std::size_t longest_unasked = std::size_t{ 1 } << 24; // values of a row that few bytes may promise by a repeat
+constexpr const char * cut_short = "it is cut short: it holds fewer values than its header says";
 
 using Entries = std::map<std::string, std::string>; // start of the keyword in capitals, the line behind it
 
@@ -113,6 +115,7 @@ public:
         sense_ = sense_of(*entries);
         by_columns_ = sense_.by_columns;
         describe(*entries);
+        check_vector(body_);
         starts_ = { 0 };
     }
 
@@ -165,13 +168,19 @@ private:
         }
     }
 
+    std::size_t vector_size() const { return static_cast<std::size_t>(by_columns_ ? header_.rows : header_.columns); }
+
     /// The room for a vector grows with what the file holds of it, as a header may promise anything.
+    void check_vector(std::string_view rest) const
+    {
+        const bool packed = values_.packed_size > 0;
+        if (vector_size() > (packed ? std::max(longest_unasked, rest.size()) : rest.size() / 2 + 1)) throw Fault(cut_short);
+    }
+
     void fill_vector(std::string_view & rest)
     {
-        const auto size = static_cast<std::size_t>(by_columns_ ? header_.rows : header_.columns);
-        if (values_.packed_size == 0 && rest.size() / 2 + 1 < size)
-            throw Fault("it is cut short: it holds fewer values than its header says");
-        vector_.resize(size);
+        check_vector(rest);
+        vector_.resize(vector_size());
         read_gxf_values(values_, rest, vector_);
     }
 

@@ -56,7 +56,10 @@ ImageRegistration registration_at(const Picture & picture, double west, double n
 {
     if (!(cell_x > 0) || !(cell_y > 0) || !std::isfinite(west) || !std::isfinite(north))
         throw Fault("its pixel size is not above 0");
-    return { { west, west + picture.columns * cell_x, north - picture.rows * cell_y, north }, cell_x, cell_y, "" };
+    const GridLimits limits{ west, west + picture.columns * cell_x, north - picture.rows * cell_y, north };
+    if (!limits.are_set() || !std::isfinite(limits.east) || !std::isfinite(limits.south))
+        throw Fault("it places the picture so far off that its pixels have no size");
+    return { limits, cell_x, cell_y, "" };
 }
 
 ImageRegistration read_world_file(const std::string & path, const Picture & picture)

@@ -33,7 +33,7 @@ public:
 private:
     std::string_view take(std::uint64_t size)
     {
-        short_ = short_ || size > bytes_.size() - at_;
+        short_ = short_ || at_ > bytes_.size() || size > bytes_.size() - at_;
         if (short_) return {};
         const std::string_view taken = bytes_.substr(at_, size);
         at_ += size;

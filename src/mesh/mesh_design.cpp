@@ -92,6 +92,9 @@ void set_widths(const InversionDefinition & definition, const Padding & padding,
 }
 
 /// Running sums from the start of the axis; direction -1 for z, which runs downwards.
+// A thousand times what can be inverted. A cell size of one metre for a thousand would otherwise take all memory there is.
+constexpr std::int32_t most_axis_cells = 10000000;
+
 void set_nodes(double start, double direction, const List<double> & widths, List<double> & nodes, List<double> & centres)
 {
     nodes.assign(std::int64_t{ widths.size() } + 1);
@@ -121,6 +124,10 @@ void set_mesh_lists(std::array<double, 3> first_nodes, const std::function<void(
 {
     // One value per cell must be countable, whoever holds a model on this mesh.
     multiply_counts(multiply_counts(mesh.total_cells[0], mesh.total_cells[1]), mesh.total_cells[2]);
+    for (const std::int32_t cells : mesh.total_cells)
+        if (cells > most_axis_cells)
+            throw OverflowFault("The mesh has " + general_text(cells) +
+                                " cells along one axis, far more than can be inverted: check its limits and cell sizes");
     try {
         set_widths(mesh);
         set_nodes(first_nodes[0], 1, mesh.widths_x, mesh.nodes_x, mesh.centres_x);

@@ -37,7 +37,8 @@ Status determine_inversion_mesh(InversionDefinition & definition, Padding & padd
 Status prepare_mesh_limits(InversionDefinition & definition);
 
 /// Fills the lists of a mesh that has its counts: `set_widths` allocates and fills the widths; nodes, from the first one of each
-/// axis, and centres follow. Counts beyond 32 bits, the cells of the whole mesh among them, are an `OverflowFault`.
+/// axis, and centres follow. Counts beyond 32 bits, the cells of the whole mesh among them, and more than ten million cells along
+/// one axis are an `OverflowFault`.
 void set_mesh_lists(std::array<double, 3> first_nodes, const std::function<void(UbcMesh &)> & set_widths, UbcMesh & mesh);
 
 /// The elevation of the bottom of the lower z part: `cells` cells below `bottom`, the first of size `cell_size`, each

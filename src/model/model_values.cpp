@@ -20,6 +20,8 @@ namespace {
 
 constexpr std::int32_t layered_format = 1; // a mesh of earth, sea and air
 constexpr std::size_t binary_head = 4;     // "UBC" and the type
+// A file has no values of their own for cells of air and sea. Without any earth nothing in it bears out more of them.
+constexpr std::int64_t most_cells_unasked = std::int64_t{ 1 } << 24;
 
 struct Reading {
     const std::string & path;
@@ -131,9 +133,18 @@ void fill_layers(const Reading & reading, std::string_view & line, std::span<flo
     std::ranges::fill(layers, to_f32(leading_number(token)));
 }
 
+void check_layers_without_earth(const UbcMesh & mesh)
+{
+    const double cells = double{ 1 } * mesh.cells_x() * mesh.cells_y() * mesh.cells_z();
+    if (cells > most_cells_unasked)
+        throw Fault("the mesh has " + general_text(cells) +
+                    " cells of air and sea and none of earth, so it cannot carry a model");
+}
+
 Status read_layered_text(const Reading & reading, List<float> & values)
 {
     const ValueLayout earth = layout_of_earth(reading.mesh);
+    if (earth.size() == 0) check_layers_without_earth(reading.mesh);
     std::string first;
     const bool begun = read_data_line(reading.file, first);
     const std::string_view rest = reading.file.rest();

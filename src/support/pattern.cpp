@@ -9,6 +9,8 @@
 
 namespace {
 
+constexpr const char * not_finite = "a number without a finite value cannot be written";
+
 /// The 15 significant digits of a positive value: 0.d1d2d3... times ten to the power `point`.
 struct Decimal {
     std::string digits;
@@ -17,7 +19,7 @@ struct Decimal {
 
 Decimal decimal_of(double size)
 {
-    if (!std::isfinite(size)) throw OverflowFault("a number without a finite value cannot be written");
+    if (!std::isfinite(size)) throw OverflowFault(not_finite);
     if (size == 0) return { "0", 1 };
     char buffer[40];
     const auto end = std::to_chars(buffer, buffer + sizeof buffer, size, std::chars_format::scientific, 14);
@@ -137,6 +139,7 @@ std::string format_fixed(double value, int decimals, bool strip)
 std::string format_pattern_for_value(double value, int width)
 {
     if (value == 0) return "  0.00; -0.00";
+    if (!std::isfinite(value)) throw OverflowFault(not_finite);
     const int digits = static_cast<int>(std::log10(std::abs(value))) + 1;
     if (digits < 7 - width || digits > width) return "  0.000000E+00; -0.000000E+00";
     const std::string form = std::string(static_cast<std::size_t>(std::max(digits, 0)), '0') + "." +

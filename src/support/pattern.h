@@ -18,7 +18,8 @@ std::string format_number(double value, std::string_view pattern);
 /// "0" or "0." and `decimals` zeros as the pattern. strip: trailing zeros go, and a text ending in "." gets one 0 back.
 std::string format_fixed(double value, int decimals, bool strip);
 
-/// The pattern that shows a value of this size in about `width` digits.
+/// The pattern that shows a value of this size in about `width` digits. Fails with an `OverflowFault` for a value that is not
+/// finite.
 std::string format_pattern_for_value(double value, int width);
 
 /// The pattern that suits the size of x: more decimals for small values, exponent form below 0.0001.

@@ -73,6 +73,10 @@ TEST(read_locations_file, given_depths_or_an_interval_then_elevations_or_points_
     source.interpolation_interval = 10;
     EXPECT_EQ(reader.read(source, "a 0 0 0 1\na 30 0 6 2\nb 60 0 0 3\n"), Status::good);
     EXPECT_EQ(described(reader.data), "0 0 0 1 [a]; 10 0 2 2 [a]; 20 0 4 2 [a]; 30 0 6 2 [a]; 60 0 0 3 [b]");
+    EXPECT_EQ(reader.read(source, "a 0 0 0 1\na 3e6 0 6 2\n"), Status::bad); // a slip, and not 300,000 points
+    EXPECT_EQ(reader.recorded.dialogs.messages.back(),
+              "An error occurred while reading the location file : a reading of line a lies 3000000 m from the one before, "
+              "too far to fill in points every 10 m");
 }
 
 TEST(read_locations_file, given_lines_and_categories_then_first_points_and_sorted_names)

@@ -40,6 +40,8 @@ TEST(read_image_registration, given_a_file_beside_the_picture_then_its_pixels_li
         { "p.bpw", with(world, "-20", "20"), "world file p.bpw: its pixel size is not above 0" },
         { "p.bpw", with(world, "\n0\r\n0", "\n1\r\n0"),
           "world file p.bpw: it turns the picture, and only pictures along the axes can be used" },
+        { "p.bpw", with(world, "220", "1e30"),
+          "world file p.bpw: it places the picture so far off that its pixels have no size" },
         { "p.bpw", "10\n0\n", "world file p.bpw: it does not hold six numbers" },
         { "p.ers", with(ers_header, "NrOfLines = 2", "NrOfLines = 4"),
           "ERMapper header p.ers: it is of a raster of another size" },
