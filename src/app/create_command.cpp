@@ -43,7 +43,8 @@ FileLock lock_folder(const std::string & folder)
 {
     std::optional<FileLock> lock = lock_path(folder);
     if (!lock)
-        throw Fault("another program is writing an inversion into the folder " + folder + ". Let it finish, or use another folder");
+        throw Fault("another program is writing an inversion into the folder " + folder +
+                    ". Let it finish, or use another folder");
     return std::move(*lock);
 }
 
@@ -116,8 +117,7 @@ void pause_for_tiles(Session & session, ValidatedDefinition definition, const st
                      FileLock lock, Host & host)
 {
     Setup & setup = session.setup;
-    session.paused =
-        PausedCreation{ std::move(definition), setup.design_mesh, setup.tiles, folder, mode, std::move(lock) };
+    session.paused = PausedCreation{ std::move(definition), setup.design_mesh, setup.tiles, folder, mode, std::move(lock) };
     pause_in_tiling_layout(setup, host);
 }
 

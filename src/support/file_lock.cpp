@@ -49,10 +49,7 @@ Attempt lock_descriptor(int descriptor)
     return { -1, taken };
 }
 
-Attempt try_to_lock(const std::string & path)
-{
-    return lock_descriptor(::open(host_path(path).c_str(), O_RDONLY | O_CLOEXEC));
-}
+Attempt try_to_lock(const std::string & path) { return lock_descriptor(::open(host_path(path).c_str(), O_RDONLY | O_CLOEXEC)); }
 
 void release(std::intptr_t handle) { ::close(static_cast<int>(handle)); }
 
