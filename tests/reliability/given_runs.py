@@ -48,9 +48,16 @@ class Run:
 
     def go(self, program, work, **more):
         """Exit status and messages."""
-        process = self.start(program, work, **more)
+        return ending_of(self.start(program, work, **more))
+
+
+def ending_of(process):
+    try:
         errors = process.communicate(timeout=TIME_LIMIT)[1]
         return process.returncode, errors
+    except subprocess.TimeoutExpired:
+        process.kill()
+        return "no end", process.communicate()[1]
 
 
 CREATE = Run("create", "create", "out")

@@ -15,7 +15,7 @@ import subprocess
 import sys
 import time
 
-from given_runs import CREATE, GRIDS, SAVE, TILED, TIME_LIMIT, Faults, row, tree, work_files
+from given_runs import CREATE, GRIDS, SAVE, TILED, Faults, ending_of, row, tree, work_files
 
 # Enough cells for the writing to last.
 LARGE = ["X Range: 1000 1400 5 80", "Y Range: 2000 2400 5 80", "Z Range: 0 300 20 15 1 0"]
@@ -27,8 +27,7 @@ DEFINITIONS = {"out.inp", "out/out.inp", "out/inversion.inp"}
 def kill_at_random(process, duration, which, chance):
     time.sleep(chance.uniform(0, 1.1 * duration))
     process.send_signal(which)
-    errors = process.communicate(timeout=TIME_LIMIT)[1]
-    return process.returncode, errors
+    return ending_of(process)
 
 
 class Killed:

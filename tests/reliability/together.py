@@ -13,7 +13,7 @@ import subprocess
 import sys
 import time
 
-from given_runs import CREATE, TILED, TIME_LIMIT, Faults, Run, row, tree
+from given_runs import CREATE, TILED, TIME_LIMIT, Faults, Run, ending_of, row, tree
 from kills import LARGE
 
 REFUSED = "another program is writing an inversion into the folder "
@@ -49,10 +49,9 @@ def two_creates(program, run, changes, work, faults, times):
             time.sleep(0.002 * (time_number % 5))
         ended = []
         for process in processes:
-            errors = process.communicate(timeout=TIME_LIMIT)[1]
-            ended.append(process.returncode)
-            faults.expect(process.returncode == 0 or (process.returncode == 1 and REFUSED in errors),
-                          f"{run.name}: ended with {process.returncode}: {errors}")
+            status, errors = ending_of(process)
+            ended.append(status)
+            faults.expect(status == 0 or (status == 1 and REFUSED in errors), f"{run.name}: ended with {status}: {errors}")
         refused += 1 in ended
         good = [alone[i] for i in range(2) if ended[i] == 0]
         faults.expect(good != [] and output_of(work) in good, f"{run.name}: the folder is neither program's")
