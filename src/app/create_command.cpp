@@ -38,6 +38,16 @@ Status take_new_folder(const Setup & setup, OutputFolder & folder, Host & host)
     return Status::good;
 }
 
+/// Two inversions written into one folder at the same time would mix.
+FileLock lock_folder(const std::string & folder)
+{
+    std::optional<FileLock> lock = lock_path(folder);
+    if (!lock)
+        throw Fault("another program is writing an inversion into the folder " + folder +
+                    ". Let it finish, or use another folder");
+    return std::move(*lock);
+}
+
 /// The definition goes into the folder twice: under the name that the programs know and under the folder's own.
 void save_into_folder(Session & session, const ValidatedDefinition & definition, const OutputFolder & folder, Host & host)
 {
@@ -103,10 +113,11 @@ Status check_folder_and_tiles(Setup & setup, int index, const OutputFolder & fol
     return Status::good;
 }
 
-void pause_for_tiles(Session & session, ValidatedDefinition definition, const std::string & folder, CreateMode mode, Host & host)
+void pause_for_tiles(Session & session, ValidatedDefinition definition, const std::string & folder, CreateMode mode,
+                     FileLock lock, Host & host)
 {
     Setup & setup = session.setup;
-    session.paused = PausedCreation{ std::move(definition), setup.design_mesh, setup.tiles, folder, mode };
+    session.paused = PausedCreation{ std::move(definition), setup.design_mesh, setup.tiles, folder, mode, std::move(lock) };
     pause_in_tiling_layout(setup, host);
 }
 
@@ -125,10 +136,11 @@ Status check_and_create(Session & session, int index, const OutputFolder & folde
         make_folder_path(folder.path);
         host.progress.line("Creating inversion directory");
     }
+    FileLock lock = lock_folder(folder.path);
     host.progress.line("Saving the inversion definitions");
     save_into_folder(session, *definition, folder, host);
     if (is_tiled(setup)) {
-        pause_for_tiles(session, std::move(*definition), folder.path, mode_of(setup, index), host);
+        pause_for_tiles(session, std::move(*definition), folder.path, mode_of(setup, index), std::move(lock), host);
         return Status::good;
     }
     handled = true; // from here on the pipeline shows its own failures

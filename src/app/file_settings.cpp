@@ -1,6 +1,7 @@
 #include "app/file_settings.h"
 
 #include "support/file_bytes.h"
+#include "support/file_lock.h"
 #include "support/file_writer.h"
 #include "support/paths.h"
 
@@ -21,6 +22,7 @@ namespace {
 using Json = nlohmann::json;
 
 constexpr const char * application = "Brindlewood";
+constexpr std::chrono::milliseconds longest_wait(2000); // for another program; its own lasts some milliseconds
 
 std::string user_settings_file()
 {
@@ -111,14 +113,18 @@ bool FileSettings::write(const std::string & section, const std::string & name, 
     if (path_.empty()) return write_registry(application, section, name, text);
 #endif
     try {
+        if (path_.empty()) return false;
+        const std::string folder = folder_of_path(absolute_path(path_));
+        make_folder_path(folder);
+        // From reading to replacing: what another program keeps meanwhile would be lost.
+        const std::optional<FileLock> lock = lock_path(folder, longest_wait);
         const bool is_there = exists(path_);
-        if (path_.empty() || (is_there && is_protected(path_))) return false;
+        if (!lock || (is_there && is_protected(path_))) return false;
         const std::optional<Json> before = is_there ? settings_in(text_of(path_)) : Json::object();
         Json settings = before.value_or(Json::object());
         settings[application][section][name] = text;
         if (settings == before) return true;
         const std::string content = settings.dump(4) + "\n"; // fails for a text that is not UTF-8
-        make_folder_path(folder_of_path(path_));
         if (!before) fs::rename(host_path(path_), host_path(path_ + ".damaged"));
         replace_file(path_, content);
         return true;

@@ -7,7 +7,8 @@
 /// Settings in one UTF-8 file of the user's, replaced whole at each write. A file that is missing, damaged or cannot be written
 /// costs nothing but the settings; a damaged one is kept as "settings.json.damaged" when the next is written.
 ///
-/// Each read and write looks at the file anew, so two programs that run at once lose no more than a key that both write.
+/// Each read and write looks at the file anew, and only one program writes at a time, so two that run at once lose no more than a
+/// key that both write.
 class FileSettings : public SettingsStore {
 public:
     /// path: a definition path; empty for the user's own settings: settings.json in the folder zeb_qvinv3d of the user's

@@ -3,6 +3,7 @@
 #include "creation/creation.h"
 #include "definition/definition_file.h"
 #include "rules/setup.h"
+#include "support/file_lock.h"
 #include "utilities/igrf_record.h"
 
 #include <array>
@@ -17,6 +18,7 @@ struct PausedCreation {
     TileLayout tiles; ///< as they were laid out; skips and order are taken from the setup when it goes on
     std::string folder;
     CreateMode mode = CreateMode::all;
+    FileLock lock; ///< on the folder
 };
 
 /// One run of a program: the setup and what surrounds it. The commands of the form work on this.

@@ -285,7 +285,6 @@ int run_command(CommandLine & line)
         debug.file = absolute_definition_path(line.debug_log);
     }
     Host host{ dialogs, progress, settings, launcher, debug };
-    watch_for_interrupt();
     try {
         const Status status = line.run(host);
         // An earlier flush may have dropped what it could not write; only the stream still knows.
@@ -305,6 +304,7 @@ int run_command(CommandLine & line)
 // NOLINTNEXTLINE(bugprone-exception-escape)
 int main(int argument_count, char ** arguments)
 {
+    watch_for_interrupt();
     CommandLine line;
     line.parser.set_version_flag("--version", std::string("zeb_qvinv3d_batch ") + PROGRAM_VERSION);
     line.parser.add_option("--debug-log", line.debug_log, "write a numbered log of what is done to this file");

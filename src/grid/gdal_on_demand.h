@@ -18,10 +18,12 @@ void * gdal_function(const char * name);
     }())
 
 #define CPLErrorReset GDAL_ON_DEMAND(CPLErrorReset)
+#define CPLGetErrorHandlerUserData GDAL_ON_DEMAND(CPLGetErrorHandlerUserData)
 #define CPLGetLastErrorMsg GDAL_ON_DEMAND(CPLGetLastErrorMsg)
 #define CPLGetLastErrorType GDAL_ON_DEMAND(CPLGetLastErrorType)
 #define CPLPopErrorHandler GDAL_ON_DEMAND(CPLPopErrorHandler)
 #define CPLPushErrorHandler GDAL_ON_DEMAND(CPLPushErrorHandler)
+#define CPLPushErrorHandlerEx GDAL_ON_DEMAND(CPLPushErrorHandlerEx)
 #define CPLQuietErrorHandler GDAL_ON_DEMAND(CPLQuietErrorHandler)
 #define GDALAllRegister GDAL_ON_DEMAND(GDALAllRegister)
 #define GDALAttributeRelease GDAL_ON_DEMAND(GDALAttributeRelease)

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "support/file_lock.h"
+
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,6 +28,7 @@ struct GridHeader {
     const GridFormat * format = nullptr; ///< a row of grid_formats.h; null while unknown
     std::string file_name;               ///< a definition path
     std::string work_name;               ///< the working copy; a name that begins with "~" is temporary
+    std::shared_ptr<FileLock> work_lock; ///< on the working copy, so that no other program takes it for a stale one
     std::int32_t columns = 0, rows = 0;
     GridLimits limits;
     double cell_size_x = 0, cell_size_y = 0;

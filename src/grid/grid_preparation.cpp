@@ -8,6 +8,7 @@
 #include "support/fault.h"
 #include "support/numbers.h"
 #include "support/paths.h"
+#include "support/work_file.h"
 
 #include <algorithm>
 #include <cmath>
@@ -79,8 +80,10 @@ GridHeader header_of_part(GridHeader header, const GridWindow & window)
 GridHeader copy_window(GridSource & source, const GridHeader & header, const GridWindow & window)
 {
     GridHeader copy = header_of_part(header, window);
-    PendingCopy pending(make_temp_file_name("", "~WD"));
+    delete_stale_work_files("");
+    PendingCopy pending(new_work_file_name(""));
     GridWriter writer(pending.name(), copy, source.fits_f32() ? CopyValues::f32 : CopyValues::f64);
+    copy.work_lock = std::make_shared<FileLock>(lock_path(pending.name()).value_or(FileLock()));
     GridSummary summary;
     for_each_strip(source, window, [&](GridWindow strip, std::span<const double> values) {
         summary.add(values);

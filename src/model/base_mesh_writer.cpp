@@ -126,10 +126,9 @@ void write_part(const std::string & path, const UbcMesh & mesh)
 void write_base_mesh(bool quiet, const std::string & path, MeshPart part, const UbcMesh & mesh, Dialogs & dialogs)
 {
     const bool asks = part == MeshPart::all || part == MeshPart::core;
-    if (!find_file(path).empty()) {
-        if (asks && !dialogs.question("The specified mesh file already exists. Overwrite the existing file?")) return;
-        delete_file(path);
-    }
+    if (asks && !find_file(path).empty() &&
+        !dialogs.question("The specified mesh file already exists. Overwrite the existing file?"))
+        return;
     write_part(path, part_of_mesh(mesh, part));
     if (asks && !quiet) dialogs.message("Mesh output complete");
 }

@@ -1,23 +1,20 @@
 #pragma once
 
+#include "support/work_file.h"
+
 #include <cstddef>
-#include <cstdio>
 #include <string>
 #include <string_view>
 #include <vector>
 
 /// A file being written anew through a large buffer. Every write is checked, the close included.
 ///
-/// Fails with a `FileFault` that names the path. A writer destroyed without `close` leaves what had been written.
+/// The file appears under its name when it is closed, whole. Fails with a `FileFault` that names the path. A writer destroyed
+/// without `close` leaves what stood there before.
 class FileWriter {
 public:
     /// path: a definition path.
     explicit FileWriter(const std::string & path);
-    ~FileWriter();
-    FileWriter(FileWriter && other) noexcept;
-    FileWriter(const FileWriter &) = delete;
-    FileWriter & operator=(const FileWriter &) = delete;
-    FileWriter & operator=(FileWriter &&) = delete;
 
     void text(std::string_view text);
     /// The text and CR LF.
@@ -34,14 +31,14 @@ private:
     void flush();
     void write(const char * bytes, std::size_t count);
 
-    std::string path_;
-    std::FILE * file_ = nullptr;
+    NewFile file_;
     std::vector<char> buffer_;
     std::size_t used_ = 0;
 };
 
-/// Writes a small file whole by way of a temporary one beside it, so that a crash leaves the old file or the new one.
+/// Writes a small file and waits until the disk has it, so that even a crash of the system leaves the old file or the new one.
 void replace_file(const std::string & path, std::string_view content);
 
-/// Copies a file over whatever stands at `target`; a file copied onto itself stays. Fails with a `FileFault` that names the file.
+/// Copies a file into the place of whatever stands at `target`; a file copied onto itself stays. Fails with a `FileFault` that
+/// names the file.
 void copy_file(const std::string & source, const std::string & target);
