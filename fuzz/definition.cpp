@@ -12,7 +12,7 @@
 
 namespace {
 
-struct StartedSetup : SilentHost {
+struct StartedSetup : FuzzHost {
     Setup setup;
 
     StartedSetup()
@@ -43,7 +43,7 @@ void name_files_that_are_there(InversionDefinition & record)
 }
 
 /// The check, whose message and whose record exclude each other.
-void check(Setup & setup, SilentHost & surroundings)
+void check(Setup & setup, FuzzHost & surroundings)
 {
     surroundings.dialogs.messages = 0;
     std::optional<ValidatedDefinition> validated;
@@ -74,7 +74,7 @@ void save_twice(const InversionDefinition & record)
 void read_definition_text(Input input)
 {
     const auto selection = static_cast<Selection>(input.take_number(0, 5));
-    SilentHost surroundings;
+    FuzzHost surroundings;
     InversionDefinition record;
     const std::string path = scratch_file("definition.inp", input.text);
     if (read_inversion_parameter_file(path, selection, record, surroundings.dialogs) != Status::good) return;
@@ -90,7 +90,7 @@ void read_definition_text(Input input)
 void read_typed_texts(Input input)
 {
     static const auto names = fresh_setup().form.names();
-    SilentHost surroundings;
+    FuzzHost surroundings;
     Setup setup = fresh_setup();
     while (!input.text.empty()) {
         const auto & [name, count] = names[input.take_byte() % names.size()];

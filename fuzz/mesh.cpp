@@ -44,7 +44,7 @@ UbcMesh take_mesh(Input & input)
 
 void read_mesh(Input input)
 {
-    SilentHost surroundings;
+    FuzzHost surroundings;
     BaseModel base;
     base.mesh_file = scratch_file("mesh.msh", input.text);
     const Status status = read_mesh_file(base, surroundings.host);
@@ -55,7 +55,7 @@ void read_mesh(Input input)
 
 void read_model(Input input)
 {
-    SilentHost surroundings;
+    FuzzHost surroundings;
     BaseModel base;
     base.mesh_loaded = true;
     base.mesh = take_mesh(input);

@@ -73,7 +73,7 @@ struct PointReading {
 
     PointReading(const LocationSource & source, ReadMode mode, const ReadShares & shares)
     {
-        SilentHost surroundings;
+        FuzzHost surroundings;
         statistics.value.fill({ -50, 50 }); // the windows
         status = read_locations_file(source, mode, data, statistics, surroundings.host, shares);
         must((status == Status::good) == (surroundings.dialogs.messages == 0), "a read without its one message");
@@ -114,7 +114,7 @@ void read_points(Input input)
 void read_columns(Input input)
 {
     static const Setup fresh = [] {
-        SilentHost surroundings;
+        FuzzHost surroundings;
         Setup started;
         started.form = make_main_form();
         initialise_inversion_form(started, surroundings.host);

@@ -49,16 +49,11 @@ struct SilentProgress : Progress {
     void percent(int percent) override { must(percent >= 0 && percent <= 100, "a percentage of " + std::to_string(percent)); }
 };
 
-struct NoSettings : SettingsStore {
-    std::string read(const std::string &, const std::string &, const std::string & start) override { return start; }
-    bool write(const std::string &, const std::string &, const std::string &) override { return true; }
-};
-
 struct NoLauncher : ScriptLauncher {
     void start(const std::string &, const std::string &) override {}
 };
 
-struct SilentHost {
+struct FuzzHost {
     ClosedDialogs dialogs;
     SilentProgress progress;
     NoSettings settings;
