@@ -130,7 +130,7 @@ void read_columns(Input input)
     must(preview.names.size() == preview.uses.size(), "a use for each column");
     for (const auto & row : preview.rows) must(row.size() <= preview.names.size(), "a name for each column");
     display_data_file(setup, slot);
-    load_location_column_names(setup, slot);
-    display_location_column_definitions(setup, slot);
+    load_location_column_names(setup, slot, surroundings.host);
+    display_location_column_definitions(setup, slot, surroundings.host);
     column_names_in(std::string(input.text));
 }
