@@ -121,8 +121,8 @@ void read_columns(Input input)
         return started;
     }();
     Setup setup = fresh;
-    Setup setup = fresh;
     FuzzHost surroundings;
+    const int slot = input.take_number(0, 2);
     const auto at = static_cast<std::size_t>(slot);
     setup.definition.data_first_line[at] = input.take_number(-1, 20);
     setup.definition.data_name_line[at] = input.take_number(-1, 20);
