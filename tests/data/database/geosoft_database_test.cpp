@@ -22,11 +22,11 @@ struct Reader {
         recorded.debug.file = folder.file("a.log");
     }
 
-    Status read(const std::string & file)
+    Status read(const std::string & name)
     {
         LocationSource source;
         source.file_type = 2;
-        source.file_name = file;
+        source.file_name = folder.write(name, "any bytes");
         source.x_column = 3, source.y_column = 4, source.z_column = 9, source.value_column[0] = 2, source.line_column = 7;
         return read_locations_file(source, ReadMode::store, data, statistics, recorded.host);
     }
@@ -44,7 +44,7 @@ TEST(geosoft_database, given_the_library_then_points_of_all_kinds_of_channels_an
 {
     Reader reader;
     for (int time = 0; time < 2; ++time) { // the session stays
-        ASSERT_EQ(reader.read("C:\\a.gdb"), Status::good);
+        ASSERT_EQ(reader.read("a.gdb"), Status::good);
         EXPECT_EQ(
             described(reader.data),
             "724307.21 491569.63 176.82 100101 [L100101]; 723880.91 491709.2 217.31 100101 [L100101]; 723449.81 491852.57 "
@@ -59,17 +59,18 @@ TEST(geosoft_database, given_the_library_then_points_of_all_kinds_of_channels_an
 TEST(geosoft_database, given_a_database_that_cannot_be_read_then_the_vendors_words_and_nothing_is_left)
 {
     const std::pair<const char *, const char *> cases[] = {
-        { "C:\\no.gdb", "The database could not be opened: C:\\no.gdb. Geosoft error: 12 in module DB description not readable" },
-        { "C:\\bad.gdb",
-          "An error occurred while reading the location file : C:\\bad.gdb: a channel cannot be read on line 100602. "
-          "Geosoft error: 12 in module DB description not readable" },
+        { "no.gdb", "The database could not be opened: FILE. Geosoft error: 12 in module DB description not readable" },
+        { "bad.gdb", "An error occurred while reading the location file : FILE: a channel cannot be read on line 100602. "
+                     "Geosoft error: 12 in module DB description not readable" },
     };
     for (const auto & [file, message] : cases) {
         Reader reader;
         reader.recorded.debug.level = 0;
         reader.data.point_count = 7;
         EXPECT_EQ(reader.read(file), Status::bad);
-        EXPECT_EQ(reader.recorded.dialogs.messages, std::vector<std::string>{ message });
+        std::string expected = message;
+        expected.replace(expected.find("FILE"), 4, reader.folder.file(file));
+        EXPECT_EQ(reader.recorded.dialogs.messages, std::vector<std::string>{ expected });
         EXPECT_EQ(reader.data.point_count, 7);
         EXPECT_EQ(Reader::things_left(), 0);
     }
