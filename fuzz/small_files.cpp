@@ -85,6 +85,7 @@ void read_place(Input input)
     if (status != Status::good) return;
     must(record.computed && record.intensity > 0 && std::abs(record.inclination) <= 90, "a field that is none");
     const IgrfShown shown = igrf_shown(record);
+    if (std::abs(parse_dms_text(shown.longitude, DmsAxis::longitude)) == 181) return; // rounded beyond what is taken
     const Status once_more =
         calculate_igrf({ shown.date, shown.longitude, shown.latitude, shown.elevation }, record, surroundings.host);
     must(once_more == Status::good, "a place shown that cannot be read again: " + shown.longitude + ", " + shown.latitude);
