@@ -95,8 +95,7 @@ void read_typed_texts(Input input)
     while (!input.text.empty()) {
         const auto & [name, count] = names[input.take_byte() % names.size()];
         const int index = input.take_number(0, count);
-        const std::string text(input.text.substr(0, input.text.find('\n')));
-        input.text.remove_prefix(std::min(text.size() + 1, input.text.size()));
+        const std::string text(input.take_to('\n'));
         if (text.find_first_of("/\\") != std::string::npos) continue; // no way out of this folder
         Control & control = setup.form(name, index);
         control.text = text;

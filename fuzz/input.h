@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string_view>
 
@@ -19,6 +20,13 @@ struct Input {
     std::int32_t take_number(std::int32_t least, std::int32_t count)
     {
         return least + static_cast<std::int32_t>(take_byte()) % count;
+    }
+    /// The text up to a mark, which goes with it; all of it when there is none.
+    std::string_view take_to(char mark)
+    {
+        const std::string_view taken = text.substr(0, text.find(mark));
+        text.remove_prefix(std::min(taken.size() + 1, text.size()));
+        return taken;
     }
     bool take_flag() { return take_byte() % 2 == 1; }
 };

@@ -13,12 +13,18 @@ struct FuzzedReader {
 
 std::span<const FuzzedReader> fuzzed_readers();
 
+/// Between two files of one input.
+inline constexpr char pair_mark = '\x1D';
+
 // fuzz/definition.cpp
 void read_definition_text(Input input);
 void read_typed_texts(Input input);
 // fuzz/points.cpp
 void read_points(Input input);
 void read_columns(Input input);
+// fuzz/databases.cpp
+void read_xyz_database(Input input);
+void read_aseg_database(Input input);
 // fuzz/mesh.cpp
 void read_mesh(Input input);
 void read_model(Input input);
@@ -30,6 +36,7 @@ void read_registration(Input input);
 // fuzz/small_files.cpp
 void read_transform(Input input);
 void read_settings(Input input);
+void read_place(Input input);
 // fuzz/texts.cpp
 void read_numbers(Input input);
 void read_tokens(Input input);

@@ -1,7 +1,7 @@
 #include "fuzz/surroundings.h"
 #include "support/paths.h"
 
-#include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 
@@ -9,13 +9,19 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// Made at the first use and gone with the process.
+/// In memory, unless the place is given.
+fs::path place_of_scratch()
+{
+    std::error_code error;
+    const fs::path memory = "/dev/shm";
+    return std::getenv("TMPDIR") == nullptr && fs::is_directory(memory, error) ? memory : fs::temp_directory_path();
+}
+
+/// Made at the first use and gone with the process, if that has time.
 struct ScratchFolder {
     ScratchFolder()
     {
-        std::error_code error;
-        const fs::path memory = "/dev/shm", place = fs::is_directory(memory, error) ? memory : fs::temp_directory_path();
-        folder = place / host_path(file_name_of_path(make_temp_file_name("", "fuzz")));
+        folder = place_of_scratch() / host_path(file_name_of_path(make_temp_file_name("", "fuzz")));
         fs::create_directories(folder);
         path = definition_path(folder);
     }

@@ -2,6 +2,7 @@
 
 #include "fakes/case_table.h"
 #include "fakes/temporary_folder.h"
+#include "fuzz/readers.h"
 #include "grid/grid_files.h"
 
 #include <filesystem>
@@ -96,6 +97,29 @@ Seeds columns()
                            cases<9>("rules/data_preview.cases", 2, true), cases<4>("data/location_reader.cases", 2) }));
 }
 
+/// How the points are read, and how the file is shown in the form.
+const Seeds database_choices = {
+    bytes({ 2, 3, 4, 5, 0, 0, 0, 0, 0, 2, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0 }), // x y z value
+    bytes({ 3, 4, 5, 6, 7, 0, 2, 0, 0, 3, 1, 1, 2, 1, 1, 1, 1, 1, 0, 3, 2 }), // a line in front, an interval, windows, transform
+    bytes({ 2, 3, 0, 0, 0, 0, 0, 4, 5, 4, 2, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0 }), // every second, categories and texts
+};
+
+Seeds xyz_databases()
+{
+    return behind(database_choices,
+                  joined({ files("tests/data/surveys", ".xyz"), cases<5>("data/database/xyz_database.cases", 0) }));
+}
+
+Seeds aseg_databases()
+{
+    Seeds pairs;
+    const Seeds definitions = files("tests/data/surveys", ".dfn"), data = files("tests/data/surveys", ".dat");
+    for (std::size_t i = 0; i < definitions.size(); ++i) pairs.push_back(definitions[i] + pair_mark + data.at(i).substr(0, 1500));
+    for (const auto & fields : cases_of<4>("data/database/aseg_database.cases"))
+        pairs.push_back(file_of(fields[0]) + pair_mark + fields[1]);
+    return behind(database_choices, pairs);
+}
+
 Seeds meshes()
 {
     return joined({ files("tests", ".msh"), files("tests/worked", "mesh"), files("tests/model", ".txt"),
@@ -158,6 +182,15 @@ Seeds settings()
              R"({"Brindlewood":{"ZEB_QVinv3d_setup":{"a":)" + deep + std::string(deep.size(), ']') + "}}}" };
 }
 
+Seeds places()
+{
+    Seeds seeds = { "2025\n151 12 36.36 E\n33 52 s\n50\n", "1/7/2003\n-179.999999999\n89 59 59.9999\n0\n" };
+    for (const auto & fields : cases_of<5>("utilities/dms_read.cases"))
+        seeds.push_back("2025\n" + fields[0] + "\n" + fields[0] + "\n0\n");
+    for (const auto & fields : cases_of<3>("utilities/igrf_dates.cases")) seeds.push_back(fields[0] + "\n10\n20 30 S\n100\n");
+    return seeds;
+}
+
 Seeds numbers()
 {
     const Seeds texts = { "0.00000E+00",      "0.0##;(0.00)", " 12.50 ", "-1e-5",  "+.5E+3x",
@@ -191,6 +224,8 @@ constexpr SeedSource sources[] = {
     { "typed_texts", typed_texts },
     { "points", points },
     { "columns", columns },
+    { "xyz_database", xyz_databases },
+    { "aseg_database", aseg_databases },
     { "mesh", meshes },
     { "model", models },
     { "geosoft_grid", geosoft_grids },
@@ -199,6 +234,7 @@ constexpr SeedSource sources[] = {
     { "registration", registrations },
     { "transform", transforms },
     { "settings", settings },
+    { "place", places },
     { "numbers", numbers },
     { "tokens", tokens },
     { "lines", line_texts },

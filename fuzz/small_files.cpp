@@ -4,9 +4,24 @@
 #include "support/fault.h"
 #include "support/paths.h"
 #include "support/text_file.h"
+#include "utilities/dms_text.h"
+#include "utilities/igrf_record.h"
 #include "utilities/transform_file.h"
 
+#include <cmath>
+
 namespace {
+
+/// What is taken for an angle has a value near its range, and a text that gives the value again to half a unit of its last digit.
+void check_angle(const std::string & text, DmsAxis axis)
+{
+    const double angle = parse_dms_text(text, axis);
+    if (check_dms_text(text, axis) != Status::good) return;
+    must(std::abs(angle) <= 181, "an angle beyond its range");
+    const std::string shown = format_dms_text(angle, 0);
+    must(std::abs(parse_dms_text(shown, axis) - angle) < 0.0005001 / 3600, "an angle shown as another: " + shown);
+    for (int style = -5; style <= 5; ++style) must(!format_dms_text(angle, style).empty(), "an angle without a text");
+}
 
 PointTransform block_of(const std::string & path)
 {
@@ -48,4 +63,30 @@ void read_settings(Input input)
         must(settings.read("ZEB_QVinv3d_setup", "MRU1", "none") == other, "a setting lost beside another");
     }
     delete_file(damaged);
+}
+
+/// Lines with a date, a longitude, a latitude and an elevation.
+void read_place(Input input)
+{
+    IgrfTexts texts;
+    for (std::string * const text : { &texts.date, &texts.longitude, &texts.latitude, &texts.elevation })
+        *text = input.take_to('\n');
+    check_angle(texts.longitude, DmsAxis::longitude);
+    check_angle(texts.latitude, DmsAxis::latitude);
+    IgrfDate date, again;
+    if (parse_igrf_date(texts.date, date) == Status::good) {
+        must(parse_igrf_date(igrf_date_text(date), again) == Status::good, "a date that cannot be read again");
+        must(igrf_date_text(again) == igrf_date_text(date), "a date shown as another: " + igrf_date_text(date));
+    }
+    FuzzHost surroundings;
+    IgrfRecord record;
+    const Status status = calculate_igrf(texts, record, surroundings.host);
+    must((status == Status::good) == (surroundings.dialogs.messages == 0), "a field without its one message");
+    if (status != Status::good) return;
+    must(record.computed && record.intensity > 0 && std::abs(record.inclination) <= 90, "a field that is none");
+    const IgrfShown shown = igrf_shown(record);
+    if (std::abs(parse_dms_text(shown.longitude, DmsAxis::longitude)) == 181) return; // rounded beyond what is taken
+    const Status once_more =
+        calculate_igrf({ shown.date, shown.longitude, shown.latitude, shown.elevation }, record, surroundings.host);
+    must(once_more == Status::good, "a place shown that cannot be read again: " + shown.longitude + ", " + shown.latitude);
 }
