@@ -7,6 +7,7 @@
 #include "grid/grid_source.h"
 #include "host/cancelled_dialogs.h"
 #include "rules/data_columns.h"
+#include "rules/database_columns.h"
 #include "rules/survey_columns.h"
 #include "support/answers_within.h"
 #include "support/fault.h"
@@ -94,13 +95,15 @@ Look look_at(const InversionDefinition & definition)
     return look;
 }
 
-Cover cover_of(const std::vector<std::string> & lines, const LocationSource & source)
+/// records: lines, or the fields of rows.
+template <class Record>
+Cover cover_of(const std::vector<Record> & records, const LocationSource & source)
 {
     const RecordParser parser(source);
     Cover cover;
-    for (const std::string & line : lines) {
+    for (const Record & fields : records) {
         LocationRecord record;
-        parser.parse(line, record);
+        parser.parse(fields, record);
         const auto [x, y, z] = std::tuple(record.number[0], record.number[1], record.number[2]);
         if (is_missing(x) || is_missing(y)) continue;
         cover = { std::min(cover.west, x),
@@ -129,15 +132,16 @@ Cover cover_of_all(const LocationSource & source, Host & host)
     return cover;
 }
 
-std::optional<IgrfDate> first_date(std::span<const std::string> lines, std::int32_t column)
+template <class Record>
+std::optional<IgrfDate> first_date(const std::vector<Record> & records, std::int32_t column)
 {
     LocationSource source;
     source.text_column = column;
     const RecordParser parser(source);
     LocationRecord record;
-    for (const std::string & line : lines) {
+    for (const Record & fields : records) {
         record = {};
-        parser.parse(line, record);
+        parser.parse(fields, record);
         if (!record.text) continue;
         if (const auto date = survey_date(*record.text)) return date;
     }
@@ -191,21 +195,22 @@ std::optional<SurveyPlace> place_of_text(const InversionDefinition & definition,
     return place;
 }
 
-/// Its names are those of the list that columns are picked from, behind an item for none.
-std::optional<SurveyPlace> place_of_database(const Setup & setup, SurveyLook how, Host & host)
+std::optional<SurveyPlace> place_of_database(const InversionDefinition & definition, SurveyLook how, Host & host)
 {
-    if (how != SurveyLook::whole) return std::nullopt;
-    std::vector<std::string> names;
-    for (const ListItem & item : setup.form("Combo_names", 0).items) names.push_back(item.text);
-    if (!names.empty()) names.erase(names.begin());
-    const SurveyColumns columns = survey_columns(names);
-    return place_of(cover_of_all(source_of(setup.definition, columns), host), columns, setup.definition);
+    DataPreview look;
+    preview_database(definition, 0, look);
+    const SurveyColumns columns = survey_columns(look.names);
+    const LocationSource source = source_of(definition, columns);
+    auto place =
+        place_of(how == SurveyLook::whole ? cover_of_all(source, host) : cover_of(look.rows, source), columns, definition);
+    if (place && columns.date > 0) place->date = first_date(look.rows, columns.date);
+    return place;
 }
 
-std::optional<SurveyPlace> place_of_points(const Setup & setup, SurveyLook how, Host & host)
+std::optional<SurveyPlace> place_of_points(const InversionDefinition & definition, SurveyLook how, Host & host)
 {
-    if (setup.definition.data_kind[0] == database_kind) return place_of_database(setup, how, host);
-    return place_of_text(setup.definition, how, host);
+    const auto place = definition.data_kind[0] == database_kind ? &place_of_database : &place_of_text;
+    return place(definition, how, host);
 }
 
 std::optional<SurveyPlace> place_of_grid(const std::string & path)
@@ -228,7 +233,7 @@ std::optional<SurveyPlace> survey_place(const Setup & setup, SurveyLook look, Ho
     const std::string & path = definition.data_file[is_grid ? 2 : 0];
     if (trim(path).empty() || !path_answers(path) || find_file(path).empty()) return std::nullopt;
     try {
-        return is_grid ? place_of_grid(path) : place_of_points(setup, look, host);
+        return is_grid ? place_of_grid(path) : place_of_points(definition, look, host);
     } catch (const Stopped &) {
         throw;
     } catch (const std::exception &) { // a file that cannot be read says nothing; the check tells why

@@ -9,13 +9,13 @@
 struct SurveyPlace {
     double latitude = 0, longitude = 0; ///< of its centre: decimal degrees, WGS84
     std::optional<double> elevation;    ///< metres; the middle of the sensor elevations
-    std::optional<IgrfDate> date;       ///< the middle of its first and its last reading
+    std::optional<IgrfDate> date;       ///< the middle of its first and its last reading; of a database the first
 };
 
 /// How much of a file of points is looked at.
 enum class SurveyLook {
     whole,    ///< all of its points
-    beginning ///< the points in the first 64 KB, however large the file: near enough to compare fields. Nothing of a database
+    beginning ///< the points in the first 64 KB, of a database the first rows: near enough to compare fields
 };
 
 /// The place of the definition's observed data: the centre of a grid or of points with a known projection, or of points with

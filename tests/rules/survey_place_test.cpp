@@ -60,6 +60,20 @@ TEST(survey_place, given_what_a_file_says_then_only_that_is_known)
     EXPECT_EQ(given.dialogs.messages, std::vector<std::string>());
 }
 
+TEST(survey_place, given_a_database_then_the_names_of_its_channels_tell_as_those_of_columns_do)
+{
+    const TemporaryFolder folder;
+    RecordedHost given;
+    ::Setup setup =
+        setup_of(folder.write("lines.xyz", "/ X Y Z GDA94LAT GDA94LON Flt_Date\nLine 10\n1 2 300 -22 140 *\n"
+                                           "1 2 310 -22 141 20091202\nLine 20\n1 2 320 * *\n1 2 340 -24 140 20091205\n"));
+    setup.definition.data_kind[0] = 2;
+    setup.definition.data_z_column[0] = 3;
+    for (const SurveyLook look : { SurveyLook::whole, SurveyLook::beginning })
+        EXPECT_EQ(words_of(survey_place(setup, look, given.host)), "-23 140.5 320 02/12/2009");
+    EXPECT_EQ(given.dialogs.messages, std::vector<std::string>());
+}
+
 TEST(survey_place, given_a_large_file_then_a_look_at_its_beginning_is_content_with_that)
 {
     const TemporaryFolder folder;
