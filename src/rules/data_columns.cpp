@@ -258,7 +258,7 @@ std::vector<ColumnUse> column_uses(const Setup & setup, int slot)
     InversionDefinition definition = setup.definition;
     std::vector<ColumnUse> uses;
     for (const ColumnBox & box : column_boxes(definition, slot))
-        if (*box.column >= 1) uses.push_back({ *box.column, box.use });
+        if (*box.column >= 1) uses.push_back({ *box.column, box.use, box.column != &definition.data_line_column });
     return uses;
 }
 

@@ -25,6 +25,7 @@ List<std::string> column_names_in(std::string line);
 struct ColumnUse {
     std::int32_t column;
     const char * use;
+    bool is_number = true; ///< not so for the name of the line
 };
 /// The uses of slot 0 or 1, of those columns that are given.
 std::vector<ColumnUse> column_uses(const Setup & setup, int slot);

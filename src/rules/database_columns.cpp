@@ -20,6 +20,13 @@ std::unique_ptr<SurveyDatabase> open_slot(const InversionDefinition & definition
     return open_database(definition.data_file[at], { definition.data_first_line[at], definition.data_read_step[at] }, host);
 }
 
+/// Empty after one message.
+std::vector<DatabaseField> fields_of(const InversionDefinition & definition, int slot, Host & host)
+{
+    const auto database = open_slot(definition, slot, host);
+    return database != nullptr ? get_field_list(*database, host) : std::vector<DatabaseField>();
+}
+
 /// The texts of a column along a line.
 std::vector<std::string> column_texts(SurveyDatabase & database, const DatabaseLine & line, std::int32_t symbol,
                                       std::int32_t element, Host & host)
@@ -59,9 +66,7 @@ void add_rows(SurveyDatabase & database, const std::vector<DatabaseField> & fiel
 
 std::optional<std::vector<std::string>> database_column_names(const InversionDefinition & definition, int slot, Host & host)
 {
-    const auto database = open_slot(definition, slot, host);
-    if (database == nullptr) return std::nullopt;
-    const std::vector<DatabaseField> fields = get_field_list(*database, host);
+    const std::vector<DatabaseField> fields = fields_of(definition, slot, host);
     if (fields.empty()) return std::nullopt;
     return column_names_of(fields);
 }
@@ -71,13 +76,19 @@ Status check_database_columns(const Setup & setup, int slot, Host & host)
     const InversionDefinition & definition = setup.definition;
     const auto at = static_cast<std::size_t>(slot);
     if (definition.data_kind.at(at) != database_file) return Status::good;
-    const auto names = database_column_names(definition, slot, host);
-    if (!names) return Status::bad;
-    const auto count = static_cast<std::int32_t>(names->size());
+    const std::vector<DatabaseField> fields = fields_of(definition, slot, host);
+    if (fields.empty()) return Status::bad;
+    const std::string name = file_name_of_path(definition.data_file[at]);
+    const std::int32_t count = fields.back().last_column;
     for (const ColumnUse & row : column_uses(setup, slot)) {
-        if (row.column <= count) continue;
-        host.dialogs.message("Column " + general_text(row.column) + ", for " + row.use + ", is not in the database " +
-                             file_name_of_path(definition.data_file[at]) + ", which has " + general_text(count) + " columns");
+        std::string fault;
+        if (row.column > count)
+            fault = "Column " + general_text(row.column) + ", for " + row.use + ", is not in the database " + name +
+                    ", which has " + general_text(count) + " columns";
+        else if (row.is_number)
+            fault = line_name_fault(fields, row.column, row.use, name);
+        if (fault.empty()) continue;
+        host.dialogs.message(fault);
         return Status::bad;
     }
     return Status::good;

@@ -36,7 +36,7 @@ std::vector<DatabaseField> fields_of(const std::vector<DatabaseChannel> & channe
         const bool is_array = channel.array_size > 1;
         last_column = add_counts(last_column, is_array ? channel.array_size : 1);
         fields.push_back({ is_array ? channel.name + array_mark : channel.name, channel.array_size,
-                           is_array ? array_channel : plain_channel, last_column });
+                           is_array ? array_channel : plain_channel, last_column, 0, channel.is_line_name });
     }
     if (fields.empty()) throw Fault("it has no channel with a name that can be shown");
     return fields;
@@ -48,6 +48,7 @@ std::int32_t first_column_of(const DatabaseField & field) { return field.last_co
 struct ColumnUse {
     std::int32_t column;
     const char * use;
+    bool is_text = false;
 };
 
 std::vector<ColumnUse> uses_of(const LocationSource & source)
@@ -59,9 +60,9 @@ std::vector<ColumnUse> uses_of(const LocationSource & source)
         { source.value_column[0], "the value" },
         { source.value_column[1], "the second value" },
         { source.value_column[2], "the third value" },
-        { source.line_column, "the line name" },
-        { source.category_column, "the category" },
-        { source.text_column, "the text" },
+        { source.line_column, "the line name", true },
+        { source.category_column, "the category", true },
+        { source.text_column, "the text", true },
     };
     std::erase_if(uses, [](const ColumnUse & use) { return use.column <= 0; });
     return uses;
@@ -75,6 +76,12 @@ std::string missing_column_text(const LocationSource & source, const ColumnUse &
     for (std::size_t i = 0; i < names.size() && names.size() <= few_columns; ++i)
         text += (i == 0 ? ": " : ", ") + general_text(static_cast<std::int32_t>(i + 1)) + " " + names[i];
     return text;
+}
+
+std::string column_fault(const LocationSource & source, const ColumnUse & use, const std::vector<DatabaseField> & fields)
+{
+    if (use.column > fields.back().last_column) return missing_column_text(source, use, fields);
+    return use.is_text ? "" : line_name_fault(fields, use.column, use.use, source.file_name);
 }
 
 /// Channels held for reading, until the object goes.
@@ -225,6 +232,16 @@ std::vector<std::string> column_names_of(const std::vector<DatabaseField> & fiel
     return names;
 }
 
+std::string line_name_fault(const std::vector<DatabaseField> & fields, std::int32_t column, const std::string & use,
+                            const std::string & file_name)
+{
+    const auto field = std::ranges::find(fields, column, &DatabaseField::last_column);
+    if (field == fields.end() || !field->is_line_name) return "";
+    return "Column " + general_text(column) + ", for " + use + ", is the name of the line in the database " + file_name +
+           ", whose readings have " + general_text(column - 1) +
+           " fields. If longer readings come later in the file, copy it to one with the extension .dat, and choose that";
+}
+
 std::string get_gdb_val(const ChannelValues * values, std::int32_t row, Host & host)
 {
     if (values == nullptr) {
@@ -247,8 +264,9 @@ Status read_database_points(SurveyDatabase & database, const LocationSource & so
     check_column_count(source, fields.back().last_column);
     const std::vector<ColumnUse> uses = uses_of(source);
     for (const ColumnUse & use : uses) {
-        if (use.column <= fields.back().last_column) continue;
-        host.dialogs.message(missing_column_text(source, use, fields));
+        const std::string fault = column_fault(source, use, fields);
+        if (fault.empty()) continue;
+        host.dialogs.message(fault);
         return Status::bad;
     }
 

@@ -11,6 +11,7 @@
 struct DatabaseChannel {
     std::string name;
     std::int32_t array_size = 1; ///< elements of an array channel, 1 for a plain one
+    bool is_line_name = false;   ///< no field of a reading: a number cannot be meant by it
 };
 
 /// A survey line as a database lists it.

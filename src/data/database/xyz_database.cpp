@@ -95,13 +95,14 @@ private:
     std::vector<std::size_t> first_field_; // of each row, and one more
 };
 
-/// The comment in front of the first line names the columns when it has as many fields as the readings.
+/// The comment in front of the first line names the columns when it has as many fields as the readings. Readings that all end
+/// with a comma have an empty field behind it if there is a name for it.
 void XyzDatabase::name_channels(const std::string & path)
 {
     LineScanner lines(file_.all(), reader_);
     std::vector<std::vector<std::string>> comments;
     std::vector<std::string_view> fields;
-    std::size_t columns = 0;
+    std::size_t columns = 0, columns_with_empty = 0;
     bool has_opened = false;
     std::string opened, text;
     for (std::string_view line; file_.all().size() - lines.rest().size() < beginning || columns == 0;) {
@@ -113,14 +114,20 @@ void XyzDatabase::name_channels(const std::string & path)
         if (kind == LineKind::comment && !has_opened) text.erase(0, std::min(text.find_first_not_of("/ \t"), text.size()));
         split_record(text, fields);
         if (kind == LineKind::comment && !has_opened) comments.emplace_back(fields.begin(), fields.end());
-        if (kind == LineKind::reading) columns = std::max(columns, fields.size());
+        if (kind != LineKind::reading) continue;
+        columns = std::max(columns, fields.size());
+        columns_with_empty = std::max(columns_with_empty, fields.size() + (bare(line).ends_with(',') ? 1 : 0));
     }
     if (columns == 0) throw FileFault("cannot read", path, "no reading stands behind the name of a line");
+    const auto naming = [&](std::size_t count) {
+        return std::find_if(comments.rbegin(), comments.rend(), [count](const auto & row) { return row.size() == count; });
+    };
+    if (naming(columns) == comments.rend() && naming(columns_with_empty) != comments.rend()) columns = columns_with_empty;
     columns = std::min(columns, static_cast<std::size_t>(highest_column) - 1); // with one more for the line
-    const auto named = std::find_if(comments.rbegin(), comments.rend(), [&](const auto & row) { return row.size() == columns; });
+    const auto named = naming(columns);
     std::vector<DatabaseChannel> channels(columns);
     for (std::size_t i = 0; i < columns && named != comments.rend(); ++i) channels[i].name = without_quotes((*named)[i]);
-    channels.push_back({ "Line" });
+    channels.push_back({ "Line", 1, true });
     set_channels(std::move(channels));
 }
 

@@ -93,3 +93,19 @@ TEST(xyz_database, given_a_long_line_then_it_comes_in_pieces_and_no_reading_is_l
     EXPECT_EQ(data.xyz[1][20000], 40000);
     EXPECT_EQ(data.line_name, (List<std::string>{ "1" }));
 }
+
+TEST(xyz_database, given_a_column_behind_the_readings_then_no_line_name_is_taken_for_a_number)
+{
+    const TemporaryFolder folder;
+    RecordedHost recorded;
+    LocationSource source;
+    source.file_name = folder.write("s.xyz", "Line 7\n1 2\n1 2 3\n");
+    source.file_type = 2;
+    source.x_column = 1, source.y_column = 2, source.line_column = 4;
+    ObservedData data;
+    LocationStatistics statistics;
+    EXPECT_EQ(read_locations_file(source, ReadMode::store, data, statistics, recorded.host), Status::good);
+    source.value_column[0] = 4;
+    EXPECT_EQ(read_locations_file(source, ReadMode::store, data, statistics, recorded.host), Status::bad);
+    EXPECT_NE(recorded.dialogs.messages.at(0).find("Column 4, for the value, is the name of the line"), std::string::npos);
+}
