@@ -48,8 +48,8 @@ struct IgrfTexts {
 /// leaves `record` as it was. The name in `record` stays.
 Status calculate_igrf(const IgrfTexts & texts, IgrfRecord & record, Host & host);
 
-/// A record's place and field as they are shown. The place can be read back by `calculate_igrf`, but for a longitude that is shown
-/// as 181 degrees: "180 59 59.9996" is still taken.
+/// A record's place and field as they are shown. The place can be read back by `calculate_igrf`, but for a longitude that is
+/// shown as 181 degrees: "180 59 59.9996" is still taken.
 struct IgrfShown {
     std::string date, longitude, latitude, elevation;
     std::string intensity, inclination, declination;
