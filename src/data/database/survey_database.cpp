@@ -3,7 +3,6 @@
 #include "data/database/aseg_database.h"
 #include "data/database/geosoft_database.h"
 #include "data/database/xyz_database.h"
-#include "support/answers_within.h"
 #include "support/fault.h"
 #include "support/paths.h"
 #include "support/text.h"
@@ -13,7 +12,7 @@ DatabaseKind database_kind(const std::string & path)
     const std::string extension = upper_case(file_extension_of_path(trim(path)));
     if (extension == "GDB") return DatabaseKind::geosoft;
     if (extension == "DFN") return DatabaseKind::aseg_gdf2;
-    if (extension != "XYZ" || !path_answers(path)) return DatabaseKind::none;
+    if (extension != "XYZ") return DatabaseKind::none;
     try {
         return is_line_structured(path) ? DatabaseKind::line_xyz : DatabaseKind::none;
     } catch (const Fault &) {
@@ -39,7 +38,7 @@ std::unique_ptr<SurveyDatabase> open_database(const std::string & path, const Te
         case DatabaseKind::none:
             break;
         }
-        return refuse("The database could not be opened: " + path + " is none, or its place does not answer");
+        return refuse("The database could not be opened: " + path + " is none");
     } catch (const Fault & fault) {
         return refuse(std::string("The database could not be opened: ") + fault.what());
     }
