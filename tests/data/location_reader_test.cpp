@@ -107,14 +107,9 @@ TEST(read_locations_file, given_values_and_a_window_then_statistics)
               Status::good);
     const LocationStatistics & s = reader.statistics;
     EXPECT_EQ(reader.data.point_count, 2); // value 2 is missing in two records, and so below its limit
-    EXPECT_EQ(s.minimum_x, 1);
-    EXPECT_EQ(s.maximum_y, 4);
-    EXPECT_EQ(s.z.mean, 4.5F);
-    EXPECT_EQ(s.z.maximum, 6);
-    EXPECT_EQ(s.value[0].mean, 6.5F);
-    EXPECT_EQ(s.value[1].minimum, 0);
-    EXPECT_EQ(s.value[1].maximum, 10);
-    EXPECT_EQ(s.value[2].minimum, 1e32F);
+    EXPECT_EQ((std::array{ s.minimum_x, s.maximum_y }), (std::array{ 1.0, 4.0 }));
+    EXPECT_EQ((std::array{ s.z.mean, s.z.maximum, s.value[0].mean }), (std::array{ 4.5F, 6.0F, 6.5F }));
+    EXPECT_EQ((std::array{ s.value[1].minimum, s.value[1].maximum, s.value[2].minimum }), (std::array{ 0.0F, 10.0F, 1e32F }));
 }
 
 TEST(read_locations_file, given_a_fault_then_one_message_and_nothing_changed)

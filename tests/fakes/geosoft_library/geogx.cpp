@@ -85,20 +85,14 @@ EXPORTED Number Std_iGetChanArraySize_DB(Number, Number, Number symbol)
 {
     return static_cast<Number>(channel(symbol).values.at(0).size());
 }
-EXPORTED Number Std_iGetColVA_DB(Number session, Number opened, Number symbol)
-{
-    return Std_iGetChanArraySize_DB(session, opened, symbol);
-}
+EXPORTED Number Std_iGetColVA_DB(Number, Number, Number symbol) { return Std_iGetChanArraySize_DB(0, 0, symbol); }
 
 EXPORTED Number Std_CreateExt_VV(Number, Number type, Number)
 {
     values[++last_handle] = { { type, {}, {}, {} } };
     return last_handle;
 }
-EXPORTED Number Std_CreateExt_VA(Number session, Number type, Number rows, Number)
-{
-    return Std_CreateExt_VV(session, type, rows);
-}
+EXPORTED Number Std_CreateExt_VA(Number, Number type, Number, Number) { return Std_CreateExt_VV(0, type, 0); }
 EXPORTED Number Std_Destroy_VV(Number, Number vector) { return values.erase(vector) == 1 ? 0 : 1; }
 
 EXPORTED Number Std_GetChanVA_DB(Number session, Number opened, Number line, Number symbol, Number array)
