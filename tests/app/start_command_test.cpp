@@ -23,15 +23,7 @@ TEST(start, given_method_mode_and_variation_then_the_script_of_the_folder_is_sta
 
 TEST(start, given_the_folder_boxes_then_the_first_that_is_missing_is_named)
 {
-    const struct {
-        const char *drive, *location, *name, *message;
-    } cases[] = {
-        { " ", "", "", "No drive has been selected" },
-        { "\\", " ", "run", "No file location has been selected" },
-        { "\\", ".", "run\\", "The 3D inversion process has been started" },
-        { "\\", ".\\run\\", "", "The 3D inversion process has been started" }, // the location itself
-    };
-    for (const auto & [drive, location, name, message] : cases) {
+    for (const auto & [drive, location, name, message] : cases_of<4>("folder_boxes.cases")) {
         StartedSession s;
         make_folder_path(s.folder.file("run"));
         const std::string script = s.folder.write("run\\run_inversion.bat", "");

@@ -30,9 +30,8 @@ TEST(system_launcher, given_what_cannot_be_started_then_a_fault_that_names_the_c
 {
     const TemporaryFolder folder;
     const std::string setting = "the setting \"Launcher\" in section ZEB_QVinv3d_setup", reason = ": No such file or directory";
-    const struct {
-        std::string launcher, folder, message;
-    } cases[] = {
+    const std::array<std::string, 3> cases[] = {
+        // the setting, the folder and the message
         { "/gone/x -a", folder.path(), "cannot start /gone/x" + reason + ". See " + setting },
         { "true", folder.file("gone"), "cannot start a run in " + folder.file("gone") + reason },
         { "<no value>", folder.path(),
@@ -40,16 +39,16 @@ TEST(system_launcher, given_what_cannot_be_started_then_a_fault_that_names_the_c
     };
     const std::string path = std::getenv("PATH");
     ::setenv("PATH", "/gone", 1);
-    for (const auto & row : cases) {
+    for (const auto & [launcher, place, expected] : cases) {
         KeptSettings settings;
-        settings.kept["ZEB_QVinv3d_setup\\Launcher"] = row.launcher;
+        settings.kept["ZEB_QVinv3d_setup\\Launcher"] = launcher;
         std::string message;
         try {
-            SystemLauncher(settings).start(row.folder, "a.bat");
+            SystemLauncher(settings).start(place, "a.bat");
         } catch (const Fault & fault) {
             message = fault.what();
         }
-        EXPECT_EQ(message, row.message);
+        EXPECT_EQ(message, expected);
     }
     ::setenv("PATH", path.c_str(), 1);
 }

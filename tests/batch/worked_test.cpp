@@ -6,56 +6,6 @@
 
 namespace {
 
-struct WorkedCase {
-    std::string name; ///< of its folder under tests/worked, and of the inversion folder
-    std::string messages;
-};
-
-const std::string complete = "message: Output complete\n";
-const std::string few = "message: Warning: The number of inversion data defined is only ";
-
-const WorkedCase worked_cases[] = {
-    { "magnetic", complete },
-    { "gravity", few + "6\n" + complete },
-    { "own_solver", few + "7\n" + complete },
-};
-
-const std::string refined = "message: The mesh/model files have been loaded and refinement mode is enabled\n";
-const std::string missing_matrix =
-    "question: Warning: The tiling may not work correctly if the MTX file does not exist when the inversion "
-    "is run. Continue setup? -> ";
-
-struct TiledCase {
-    std::string name;       ///< of its folder under tests/worked/tiles, and of the inversion folder
-    std::string definition; ///< in the folder of inputs
-    std::string model;      ///< base model there; none when empty
-    std::string current;    ///< the file that is a copy of the refined model; none when empty
-    std::vector<std::string> more;
-    std::string messages;
-    bool whole = true; ///< else only the files in the folder are compared
-};
-
-const TiledCase tiled_cases[] = {
-    { "v3", "v3", "base.sus", "maginv3d.sus", { "--skip-tile", "02,03", "--tile-order", "1,1,1" }, refined + complete },
-    { "gravity_v2",
-      "gravity_v2",
-      "base.den",
-      "gzinv3d.den",
-      { "--skip-tile", "01,02", "--tile-order", "0,1,0" },
-      refined + complete },
-    { "v4", "v4", "", "maginv3d.sus", { "--skip-tile", "02,03", "--tile-order", "0,0,1" }, refined + few + "6\n" + complete },
-    { "v5", "v5", "base.sus", "maginv3d.sus", { "--skip-tile", "01,01", "--tile-order", "1,0,0" }, refined + complete },
-    { "own",
-      "own",
-      "base.sus",
-      "qvinv3d.sus",
-      { "--skip-tile", "02,03", "--tile-order", "1,0,1", "--yes" },
-      refined + missing_matrix + "Yes\n" + complete },
-    { "own_stopped", "own", "base.sus", "", {}, refined + missing_matrix + "No\n" + complete },
-    { "gravity_v5", "gravity_v5", "base.den", "", {}, refined + complete, false },
-    { "own_gravity", "own_gravity", "base.den", "", { "--yes" }, refined + missing_matrix + "Yes\n" + complete, false },
-};
-
 FileNames names_of(const Files & files)
 {
     FileNames names;
@@ -66,15 +16,17 @@ FileNames names_of(const Files & files)
 const std::filesystem::path tiles = std::filesystem::path(TEST_DATA_FOLDER "/../worked/tiles");
 
 /// Creates the tiled inversion of a case beside a copy of its inputs, so that no script depends on where the tests lie.
-BatchRun create_tiles(const TemporaryFolder & folder, const TiledCase & c)
+BatchRun create_tiles(const TemporaryFolder & folder, const std::string & name, const std::string & definition,
+                      const std::string & model, const std::string & more)
 {
     const std::filesystem::path input = host_path(folder.file("input"));
     std::filesystem::copy(tiles / "input", input, std::filesystem::copy_options::recursive);
-    std::vector<std::string> arguments = { "create",      (input / (c.definition + ".inp")).string(),
-                                           "--output",    host_file(folder, c.name),
+    std::vector<std::string> arguments = { "create",      (input / (definition + ".inp")).string(),
+                                           "--output",    host_file(folder, name),
                                            "--base-mesh", (input / "base.msh").string() };
-    if (!c.model.empty()) arguments.insert(arguments.end(), { "--base-model", (input / c.model).string() });
-    arguments.insert(arguments.end(), c.more.begin(), c.more.end());
+    if (!model.empty()) arguments.insert(arguments.end(), { "--base-model", (input / model).string() });
+    for (const std::string & word : parts_of(more, ' '))
+        if (!word.empty()) arguments.push_back(word);
     return run_batch(arguments);
 }
 
@@ -82,36 +34,36 @@ BatchRun create_tiles(const TemporaryFolder & folder, const TiledCase & c)
 
 TEST(worked, given_an_inversion_worked_by_hand_then_every_file_is_the_same_to_the_byte)
 {
-    for (const WorkedCase & c : worked_cases) {
-        SCOPED_TRACE(c.name);
-        const std::filesystem::path worked = std::filesystem::path(TEST_DATA_FOLDER "/../worked") / c.name;
+    for (const auto & [inversion, messages] : cases_of<2>("worked.cases")) {
+        SCOPED_TRACE(inversion);
+        const std::filesystem::path worked = std::filesystem::path(TEST_DATA_FOLDER "/../worked") / inversion;
         const TemporaryFolder folder;
         const BatchRun run =
-            run_batch({ "create", (worked / "input" / "definition.inp").string(), "--output", host_file(folder, c.name) });
+            run_batch({ "create", (worked / "input" / "definition.inp").string(), "--output", host_file(folder, inversion) });
         EXPECT_EQ(run.status, 0);
-        EXPECT_EQ(run.errors, c.messages);
+        EXPECT_EQ(run.errors, messages);
         const FileNames expected = files_of(worked / "expected");
         ASSERT_FALSE(expected.empty());
-        EXPECT_EQ(files_of(host_path(folder.file(c.name))), expected);
+        EXPECT_EQ(files_of(host_path(folder.file(inversion))), expected);
         for (const std::string & name : expected)
-            EXPECT_EQ(folder.read(c.name + "\\" + name), bytes_of(worked / "expected" / name)) << name;
+            EXPECT_EQ(folder.read(inversion + "\\" + name), bytes_of(worked / "expected" / name)) << name;
     }
 }
 
 TEST(worked, given_a_tiled_inversion_worked_by_hand_then_every_file_is_the_same_to_the_byte)
 {
-    for (const TiledCase & c : tiled_cases) {
-        SCOPED_TRACE(c.name);
+    for (const auto & [inversion, definition, model, current, more, messages, compared] : cases_of<7>("worked_tiles.cases")) {
+        SCOPED_TRACE(inversion);
         const TemporaryFolder folder;
-        const BatchRun run = create_tiles(folder, c);
+        const BatchRun run = create_tiles(folder, inversion, definition, model, more);
         EXPECT_EQ(run.status, 0);
-        EXPECT_EQ(run.errors, c.messages);
-        Files expected = tree_of(tiles / c.name);
-        expected[c.name + ".inp"] = expected.at("inversion.inp");
-        if (!c.current.empty()) expected[c.current] = expected.at("refined" + c.current.substr(c.current.rfind('.')));
-        ASSERT_TRUE(folder.has(c.name));
-        const Files written = tree_of(host_path(folder.file(c.name)));
-        if (c.whole) {
+        EXPECT_EQ(run.errors, messages);
+        Files expected = tree_of(tiles / inversion);
+        expected[inversion + ".inp"] = expected.at("inversion.inp");
+        if (!current.empty()) expected[current] = expected.at("refined" + current.substr(current.rfind('.')));
+        ASSERT_TRUE(folder.has(inversion));
+        const Files written = tree_of(host_path(folder.file(inversion)));
+        if (compared == "all") {
             EXPECT_EQ(names_of(written), names_of(expected));
         }
         for (const auto & [name, bytes] : expected) {
@@ -127,8 +79,7 @@ TEST(worked, given_each_tile_order_then_both_top_scripts_walk_the_tiles_in_it)
         SCOPED_TRACE(order);
         const TemporaryFolder folder;
         const std::string value = order.substr(0, 1) + "," + order.substr(1, 1) + "," + order.substr(2, 1);
-        const TiledCase c = { "v3", "v3", "base.sus", "", { "--skip-tile", "02,03", "--tile-order", value }, "" };
-        EXPECT_EQ(create_tiles(folder, c).status, 0);
+        EXPECT_EQ(create_tiles(folder, "v3", "v3", "base.sus", "--skip-tile 02,03 --tile-order " + value).status, 0);
         for (const std::string script : { "iter_all", "insert_all" })
             EXPECT_EQ(folder.read("v3\\" + script + ".bat"), bytes_of(tiles / "orders" / (script + "_" + order + ".bat")))
                 << script;
@@ -140,10 +91,10 @@ TEST(worked, given_the_matrix_of_the_coarse_run_beside_its_model_then_the_tiles_
     const TemporaryFolder folder;
     std::filesystem::create_directories(host_path(folder.file("input")));
     folder.write("input\\QVinv3D_Tx.mtx", "");
-    const TiledCase c = { "own_matrix", "own", "base.sus", "", {}, refined + complete };
-    const BatchRun run = create_tiles(folder, c);
+    const BatchRun run = create_tiles(folder, "own_matrix", "own", "base.sus", "");
     EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.errors, c.messages);
+    EXPECT_EQ(run.errors, "message: The mesh/model files have been loaded and refinement mode is enabled\n"
+                          "message: Output complete\n");
     EXPECT_EQ(folder.read("own_matrix\\tile0101.bat"), bytes_of(tiles / "own_matrix" / "tile0101.bat"));
 }
 

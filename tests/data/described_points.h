@@ -1,7 +1,8 @@
 #pragma once
 
 #include "data/given_mesh.h"
-#include "data/observed_data.h"
+#include "data/location_reader.h"
+#include "fakes/recorded_host.h"
 
 /// "x y z value line" of each point; what is missing is a star, an unread line is left out.
 inline std::string described(const ObservedData & data)
@@ -15,3 +16,15 @@ inline std::string described(const ObservedData & data)
     }
     return text;
 }
+
+/// Reads points, and keeps what came of it.
+struct PointsReader {
+    RecordedHost recorded;
+    ObservedData data;
+    LocationStatistics statistics;
+
+    Status read(const LocationSource & source, ReadMode mode = ReadMode::store, const ReadShares & shares = {})
+    {
+        return read_locations_file(source, mode, data, statistics, recorded.host, shares);
+    }
+};

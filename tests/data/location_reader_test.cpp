@@ -1,6 +1,5 @@
 #include "data/described_points.h"
 #include "data/line_scanner.h"
-#include "data/location_reader.h"
 #include "data/observed_processing.h"
 #include "data/record_parser.h"
 #include "fakes/definition_values.h"
@@ -23,16 +22,13 @@ LocationSource source_of(const std::string & columns = "", const std::string & a
     return location_source(definition, 0);
 }
 
-struct Reader {
-    RecordedHost recorded;
+struct Reader : PointsReader {
     TemporaryFolder folder;
-    ObservedData data;
-    LocationStatistics statistics;
 
     Status read(LocationSource source, const std::string & content, ReadMode mode = ReadMode::store, ReadShares shares = {})
     {
         if (source.file_name.empty()) source.file_name = folder.write("points of Zoë.dat", content);
-        return read_locations_file(source, mode, data, statistics, recorded.host, shares);
+        return PointsReader::read(source, mode, shares);
     }
 };
 
@@ -52,9 +48,14 @@ TEST(read_locations_file, given_a_text_then_its_points)
     }
 }
 
-TEST(read_locations_file, given_a_long_line_then_it_is_cut_where_line_feeds_stand_alone)
+TEST(read_locations_file,
+     given_a_long_line_then_it_is_cut_where_line_feeds_stand_alone_and_the_last_column_that_can_be_named_is_read)
 {
     Reader reader;
+    std::string line;
+    for (int i = 1; i <= 512; ++i) line += general_text(i) + " ";
+    EXPECT_EQ(reader.read(source_of("1 0 1 0 1 2 3 512 0 0 0"), line), Status::good);
+    EXPECT_EQ(described(reader.data), "1 2 3 512");
     const std::string blanks(10233, ' ');
     EXPECT_EQ(reader.read(source_of(), "1 2 3 4" + blanks + "5 6 7 8\n"), Status::good);
     EXPECT_EQ(described(reader.data), "1 2 3 4; 5 6 7 8");
@@ -106,14 +107,9 @@ TEST(read_locations_file, given_values_and_a_window_then_statistics)
               Status::good);
     const LocationStatistics & s = reader.statistics;
     EXPECT_EQ(reader.data.point_count, 2); // value 2 is missing in two records, and so below its limit
-    EXPECT_EQ(s.minimum_x, 1);
-    EXPECT_EQ(s.maximum_y, 4);
-    EXPECT_EQ(s.z.mean, 4.5F);
-    EXPECT_EQ(s.z.maximum, 6);
-    EXPECT_EQ(s.value[0].mean, 6.5F);
-    EXPECT_EQ(s.value[1].minimum, 0);
-    EXPECT_EQ(s.value[1].maximum, 10);
-    EXPECT_EQ(s.value[2].minimum, 1e32F);
+    EXPECT_EQ((std::array{ s.minimum_x, s.maximum_y }), (std::array{ 1.0, 4.0 }));
+    EXPECT_EQ((std::array{ s.z.mean, s.z.maximum, s.value[0].mean }), (std::array{ 4.5F, 6.0F, 6.5F }));
+    EXPECT_EQ((std::array{ s.value[1].minimum, s.value[1].maximum, s.value[2].minimum }), (std::array{ 0.0F, 10.0F, 1e32F }));
 }
 
 TEST(read_locations_file, given_a_fault_then_one_message_and_nothing_changed)
@@ -136,16 +132,6 @@ TEST(read_locations_file, given_a_fault_then_one_message_and_nothing_changed)
         EXPECT_TRUE(reader.recorded.dialogs.messages[0].starts_with(message)) << reader.recorded.dialogs.messages[0];
         EXPECT_EQ(reader.data.point_count, 7);
     }
-}
-
-TEST(read_locations_file, given_the_last_column_that_can_be_named_then_it_is_read)
-{
-    Reader reader;
-    const LocationSource source = source_of("1 0 1 0 1 2 3 512 0 0 0");
-    std::string line;
-    for (int i = 1; i <= 512; ++i) line += general_text(i) + " ";
-    EXPECT_EQ(reader.read(source, line), Status::good);
-    EXPECT_EQ(described(reader.data), "1 2 3 512");
 }
 
 std::string random_text(std::mt19937 & random, std::string_view alphabet, std::size_t longest)

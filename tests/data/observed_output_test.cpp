@@ -53,29 +53,18 @@ struct Output {
     }
 };
 
-TEST(write_inversion_data, given_one_reading_per_cell_then_the_file)
+TEST(write_inversion_data, given_one_reading_per_cell_then_the_file_of_the_window)
 {
     Output output;
+    EXPECT_EQ(output.write(small_definition(), small_readings(), false, { 2, 3, 1, 2 }), "");
+    EXPECT_TRUE(output.count == 0 && !output.folder.has("mag.obs"));
     EXPECT_EQ(output.write(small_definition(), small_readings()), bytes_of(TEST_DATA_FOLDER "/one_value.obs"));
     EXPECT_EQ(output.count, 3);
-}
-
-TEST(write_inversion_data, given_three_values_and_extension_then_the_file)
-{
-    Output output;
     // 100 has the error of 10 by its scale; the other values are not compressed
     const InversionDefinition definition =
         small_definition("Obs data types: 20 21 22; sLog Scaling flag: 1; Error percent and floor: 10 0;"
                          "Obs data definitions: 2 0 1 5 1 2 3 4 0 6 0");
     EXPECT_EQ(output.write(definition, small_readings(), true, { 2, 4, 1, 3 }), bytes_of(TEST_DATA_FOLDER "/three_values.obs"));
-}
-
-TEST(write_inversion_data, given_an_empty_window_then_no_file)
-{
-    Output output;
-    EXPECT_EQ(output.write(small_definition(), small_readings(), false, { 2, 3, 1, 2 }), "");
-    EXPECT_EQ(output.count, 0);
-    EXPECT_FALSE(output.folder.has("mag.obs"));
 }
 
 TEST(write_inversion_data, given_every_reading_then_the_first_of_each_cell_go_out)

@@ -50,10 +50,11 @@ std::string described(const SelectedData & selected)
 
 TEST(process_inversion_data, given_points_then_one_reading_per_cell)
 {
-    for (const auto & [lines, text, selected] : cases_of<3>("observed_processing.cases")) {
+    for (const auto & [cells, lines, text, selected] : cases_of<4>("observed_processing.cases")) {
         SCOPED_TRACE(lines + " | " + text);
         Processor p;
-        EXPECT_EQ(p.process(small_definition(lines), text, small_mesh()), Status::good);
+        const UbcMesh mesh = even_mesh(number_in(cells), number_in(cells), { 100, 90 });
+        EXPECT_EQ(p.process(small_definition(lines), text, mesh), Status::good);
         EXPECT_EQ(described(p.readings.selected), selected);
         EXPECT_EQ(p.readings.all.point_count, 0);
     }
@@ -64,16 +65,6 @@ TEST(process_inversion_data, given_large_coordinates_then_the_snap_is_a_metre)
     Processor p;
     EXPECT_EQ(p.process(small_definition(), "2000000.5 5 120 1\n", small_mesh(2000000)), Status::good);
     EXPECT_EQ(p.readings.selected.x[1], 2000001.5F);
-}
-
-TEST(process_inversion_data, given_padding_then_four_cells_at_each_end_stay_clear)
-{
-    Processor p;
-    const UbcMesh mesh = even_mesh(10, 10, { 100, 90 });
-    EXPECT_EQ(
-        p.process(small_definition("Add mesh padding: 1 1"), "39.9 45 120 1\n40.5 45 120 2\n59.5 45 120 3\n60 45 120 4\n", mesh),
-        Status::good);
-    EXPECT_EQ(described(p.readings.selected), "45: 40.5 45 120 2; 46: 59.5 45 120 3");
 }
 
 TEST(process_inversion_data, given_more_readings_per_cell_then_all_are_kept_with_their_distances)

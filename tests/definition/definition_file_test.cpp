@@ -129,17 +129,12 @@ TEST(read_inversion_parameter_file, given_an_odd_line_then_only_what_it_says_cha
 
 TEST(read_inversion_parameter_file, given_data_types_then_they_are_counted)
 {
-    const std::tuple<const char *, std::array<std::int32_t, 7>, int> cases[] = {
-        { "3.0\nObs data types: 1 -1 -1", { 1, -1, -1, -1, -1, -1, -1 }, 3 },
-        { "2.5\nObs data types: 1 -1 5", { 1, 21, 22, -1, -1, -1, -1 }, 1 }, // there -1 ends the list
-        { "3.0\nObs data types: 1,30;-2 5", { 1, 30, 22, -1, -1, -1, -1 }, 2 },
-        { "3.0\nObs data types: 1 2 3 4 5 6 10", { 1, 2, 3, 4, 5, 6, 10 }, 7 },
-        { "3.0\nObs data types: 100 x 5", { 100, 21, 22, -1, -1, -1, -1 }, 1 },
-    };
-    for (const auto & [lines, types, count] : cases) {
-        const R record = read_text(std::string("Version ") + lines, Selection::all, example()).record;
-        EXPECT_EQ(record.obs_data_types, types) << lines;
-        EXPECT_EQ(record.obs_data_type_count, count) << lines;
+    for (const auto & [version, list, types, count] : cases_of<4>("data_type_lists.cases")) {
+        const R record = read_text("Version " + version + "\nObs data types: " + list, Selection::all, example()).record;
+        std::string read;
+        for (const std::int32_t type : record.obs_data_types) read += std::to_string(type) + " ";
+        EXPECT_EQ(read, types + " ") << list;
+        EXPECT_EQ(record.obs_data_type_count, number_in(count)) << list;
     }
     EXPECT_EQ(read_text("Version 3.0\nCalculation data types  : 6 -1 5").record.calc_data_type_count, 1);
 }
@@ -155,16 +150,14 @@ TEST(read_inversion_parameter_file, given_a_selection_then_only_two_of_them_take
 
 TEST(read_inversion_parameter_file, given_a_fault_within_then_it_is_told_and_what_was_read_is_kept)
 {
-    const std::pair<const char *, const char *> cases[] = { { "Obs data types: 1 1 1 1 1 1 1 1", "subscript" },
-                                                            { "Maximum iterations: 3e9", "Overflow" },
-                                                            { "Obs data base value: 1e39", "Overflow" } };
-    for (const auto & [line, reason] : cases) {
-        const Read read = read_text(std::string("Version 3.0\nTopo type: 9\n") + line + "\nTile overlap: 1\n");
+    for (const auto & [line, reason] : { std::pair<std::string, std::string>("Obs data types: 1 1 1 1 1 1 1 1", "subscript"),
+                                         { "Maximum iterations: 3e9", "Overflow" },
+                                         { "Obs data base value: 1e39", "Overflow" } }) {
+        const Read read = read_text("Version 3.0\nTopo type: 9\n" + line + "\nTile overlap: 1\n");
         EXPECT_EQ(read.status, Status::good) << line;
         EXPECT_TRUE(read.record.topo_type == 9 && read.record.tile_overlap == 20) << line;
         ASSERT_EQ(read.messages.size(), 1U) << line;
-        EXPECT_TRUE(read.messages[0].starts_with(std::string("An error occured while reading the parameters: ") + reason))
-            << line;
+        EXPECT_TRUE(read.messages[0].starts_with("An error occured while reading the parameters: " + reason)) << line;
     }
 }
 

@@ -48,10 +48,8 @@ inline GivenSurvey wisconsin_lines()
         const std::size_t line = survey.lines.size() - 1;
         for (const auto & [east, north, sensor, ground, field] : rows) {
             survey.values("Line", line).integers.push_back(std::stoi(name));
-            survey.values("E", line).reals.push_back(east);
-            survey.values("N", line).reals.push_back(north);
-            survey.values("TMI", line).reals.push_back(field);
-            survey.values("Base", line).reals.push_back(-1e30);
+            for (const auto & [channel, value] : { std::pair("E", east), { "N", north }, { "TMI", field }, { "Base", -1e30 } })
+                survey.values(channel, line).reals.push_back(value);
             survey.values("Flight", line).texts.push_back(" L" + name);
             survey.values("Z", line, 0).reals.push_back(sensor);
             survey.values("Z", line, 1).reals.push_back(ground);

@@ -21,6 +21,20 @@ std::string ten_by_eight()
     return text;
 }
 
+/// A copy of a grid in a file, with what was said of it.
+struct Prepared {
+    RecordedDialogs dialogs;
+    WorkGrid grid;
+    GridLimits limits;
+    Status status;
+
+    explicit Prepared(const std::string & path, const GridLimits & wanted = {})
+        : grid(path), limits(wanted), status(grid.prepare(limits, dialogs))
+    {
+    }
+    const GridHeader & header() { return grid.header(); }
+};
+
 double sample_at(const GridSampler & sampler, double x, double y)
 {
     double value = 0;
@@ -33,28 +47,22 @@ double sample_at(const GridSampler & sampler, double x, double y)
 TEST(prepare_grid, given_limits_then_the_copy_covers_them_with_one_cell_more_where_there_is_one)
 {
     const TemporaryFolder folder;
-    struct Case {
-        GridLimits wanted, copied;
-        double minimum, maximum;
-    };
-    const Case cases[] = {
+    const std::tuple<GridLimits, GridLimits, double, double> cases[] = {
         { { 3, 5, 2, 4 }, { 2, 6, 1, 5 }, 12, 45 },                   // on cell edges
         { { 3.2, 3.4, 2.2, 2.4 }, { 2, 5, 1, 4 }, 12, 34 },           // within one cell
         { { -5, 0.5, 7.9, 100 }, { 0, 2, 6, 8 }, 60, 71 },            // over a corner
         { { -1e300, 1e300, -1e300, 1e300 }, { 0, 10, 0, 8 }, 0, 79 }, // far over all edges
     };
-    for (const Case & c : cases) {
-        RecordedDialogs dialogs;
-        WorkGrid grid(folder.write("a.grd", ten_by_eight()));
-        GridLimits limits = c.wanted;
-        ASSERT_EQ(grid.prepare(limits, dialogs), Status::good);
-        const GridHeader & header = grid.header();
+    for (const auto & [wanted, copied, minimum, maximum] : cases) {
+        Prepared given(folder.write("a.grd", ten_by_eight()), wanted);
+        ASSERT_EQ(given.status, Status::good);
+        const GridHeader & header = given.header();
         const auto as_list = [](const GridLimits & l) { return std::array{ l.west, l.east, l.south, l.north }; };
-        EXPECT_EQ(as_list(header.limits), as_list(c.copied));
-        EXPECT_EQ(as_list(limits), as_list(c.wanted));
-        EXPECT_EQ((std::array{ header.minimum, header.maximum }), (std::array{ c.minimum, c.maximum }));
-        EXPECT_EQ(header.columns, c.copied.east - c.copied.west);
-        EXPECT_EQ(sample_at(GridSampler(header), c.copied.west + 0.5, c.copied.south + 0.5), c.minimum);
+        EXPECT_EQ(as_list(header.limits), as_list(copied));
+        EXPECT_EQ(as_list(given.limits), as_list(wanted));
+        EXPECT_EQ((std::array{ header.minimum, header.maximum }), (std::array{ minimum, maximum }));
+        EXPECT_EQ(header.columns, copied.east - copied.west);
+        EXPECT_EQ(sample_at(GridSampler(header), copied.west + 0.5, copied.south + 0.5), minimum);
     }
 }
 
@@ -63,33 +71,31 @@ TEST(prepare_grid, given_limits_beside_the_grid_then_the_message_names_it_and_no
     const TemporaryFolder folder;
     const std::string path = folder.write("a.grd", ten_by_eight());
     for (const GridLimits & beside : { GridLimits{ 10, 20, 0, 8 }, GridLimits{ 0, 10, -8, 0 } }) {
-        RecordedDialogs dialogs;
-        WorkGrid grid(path);
-        GridLimits limits = beside;
-        EXPECT_EQ(grid.prepare(limits, dialogs), Status::bad);
-        ASSERT_EQ(dialogs.messages.size(), 1U);
-        EXPECT_TRUE(dialogs.messages[0].starts_with("The grid does not cover any part of the wanted area: " + path +
-                                                    ": it spans 0 to 10 by 0 to 8, wanted are "));
-        EXPECT_EQ(grid.header().work_name, "");
+        Prepared given(path, beside);
+        EXPECT_EQ(given.status, Status::bad);
+        ASSERT_EQ(given.dialogs.messages.size(), 1U);
+        EXPECT_TRUE(given.dialogs.messages[0].starts_with("The grid does not cover any part of the wanted area: " + path +
+                                                          ": it spans 0 to 10 by 0 to 8, wanted are "));
+        EXPECT_EQ(given.header().work_name, "");
     }
 }
 
 TEST(prepare_grid, given_values_that_end_early_then_the_file_is_named_and_no_copy_is_left)
 {
     const TemporaryFolder folder;
-    RecordedDialogs dialogs;
-    GridLimits limits;
-    const std::string path = folder.write("a.gxf", gxf("4 5 6\n1 2\n"));
-    EXPECT_EQ(WorkGrid(path).prepare(limits, dialogs), Status::bad);
-    EXPECT_EQ(dialogs.messages, Texts{ "cannot read " + path + ": it is cut short: it holds fewer values than its header says" });
-    for (const std::string & cut : { folder.write("c.grd", surfer_6.substr(0, surfer_6.size() - 1)),
-                                     folder.write("d.asc", arc_text.substr(0, arc_text.size() - 4)) }) {
-        EXPECT_EQ(WorkGrid(cut).prepare(limits, dialogs), Status::bad);
-        EXPECT_TRUE(dialogs.messages.back().starts_with("cannot read " + cut + ": ")) << dialogs.messages.back();
+    const std::tuple<const char *, std::string, const char *> cases[] = {
+        { "a.gxf", gxf("4 5 6\n1 2\n"), "it is cut short: it holds fewer values than its header says" },
+        { "b.gxf", gxf("4 5 6\n1 2 x3\n"), "among its values stands \"x3\"" },
+        { "c.grd", surfer_6.substr(0, surfer_6.size() - 1), "" },
+        { "d.asc", arc_text.substr(0, arc_text.size() - 4), "" },
+    };
+    for (const auto & [file, content, reason] : cases) {
+        const Prepared given(folder.write(file, content));
+        EXPECT_EQ(given.status, Status::bad);
+        const std::string message = given.dialogs.messages.at(0), expected = "cannot read " + folder.file(file) + ": " + reason;
+        EXPECT_TRUE(*reason == '\0' ? message.starts_with(expected) : message == expected) << message;
+        EXPECT_EQ(given.dialogs.messages.size(), 1U);
     }
-    const std::string letters = folder.write("b.gxf", gxf("4 5 6\n1 2 x3\n"));
-    EXPECT_EQ(WorkGrid(letters).prepare(limits, dialogs), Status::bad);
-    EXPECT_EQ(dialogs.messages.back(), "cannot read " + letters + ": among its values stands \"x3\"");
 }
 
 TEST(prepare_grid, given_it_is_used_again_or_stopped_then_earlier_copies_are_gone)
@@ -118,13 +124,11 @@ TEST(prepare_grid, given_it_is_used_again_or_stopped_then_earlier_copies_are_gon
 TEST(prepare_grid, given_a_grid_of_nulls_then_it_is_good_and_has_no_values)
 {
     const TemporaryFolder folder;
-    RecordedDialogs dialogs;
-    WorkGrid grid(folder.write("a.grd", "DSAA\n2 2\n0 10\n0 10\n0 0\n1.70141e38 1.70141e38\n1.8e38 -1e30\n"));
-    GridLimits limits;
-    ASSERT_EQ(grid.prepare(limits, dialogs), Status::good);
-    EXPECT_EQ((std::array{ grid.header().minimum, grid.header().maximum }), (std::array{ -1e32, -1e32 }));
+    Prepared given(folder.write("a.grd", "DSAA\n2 2\n0 10\n0 10\n0 0\n1.70141e38 1.70141e38\n1.8e38 -1e30\n"));
+    ASSERT_EQ(given.status, Status::good);
+    EXPECT_EQ((std::array{ given.header().minimum, given.header().maximum }), (std::array{ -1e32, -1e32 }));
     GridStatistics statistics;
-    ASSERT_EQ(grid_statistics(grid.header(), Median::wanted, statistics, dialogs), Status::good);
+    ASSERT_EQ(grid_statistics(given.header(), Median::wanted, statistics, given.dialogs), Status::good);
     EXPECT_EQ((std::array{ statistics.mean, statistics.deviation, statistics.median }), (std::array{ -1e32, -1e32, -1e32 }));
     EXPECT_EQ((std::array{ statistics.count, statistics.null_count }), (std::array<std::int64_t, 2>{ 0, 4 }));
 }
@@ -147,39 +151,30 @@ TEST(grid_statistics, given_values_then_what_is_worked_by_hand)
 
 TEST(grid_statistics, given_packed_grids_of_others_then_what_their_makers_say)
 {
-    struct Case {
-        const char * file;
-        std::int64_t count, null_count;
-        double minimum, maximum, mean, west, north;
-    };
-    const Case cases[] = {
+    const std::tuple<const char *, std::int64_t, std::int64_t, double, double, double, double, double> cases[] = {
         { "om_compress.grd", 1795, 655, -0.9928663, 45.2592621, 9.7829342, 0.5, 24.5 }, // as its header has them
         { "small2.gxf", 21, 59, 5, 972, 5389.0 / 21, 1749993.75, 4343.75 },             // unpacked by GDAL
     };
-    for (const Case & c : cases) {
-        SCOPED_TRACE(c.file);
-        RecordedDialogs dialogs;
-        WorkGrid grid(definition_path(DATA_FOLDER) + "\\" + c.file);
-        GridLimits limits;
-        ASSERT_EQ(grid.prepare(limits, dialogs), Status::good);
+    for (const auto & [file, count, null_count, minimum, maximum, mean, west, north] : cases) {
+        SCOPED_TRACE(file);
+        Prepared given(definition_path(DATA_FOLDER) + "\\" + file);
+        ASSERT_EQ(given.status, Status::good);
         GridStatistics found;
-        ASSERT_EQ(grid_statistics(grid.header(), Median::left_out, found, dialogs), Status::good);
-        EXPECT_EQ((std::array{ found.count, found.null_count }), (std::array{ c.count, c.null_count }));
-        EXPECT_NEAR(found.minimum, c.minimum, 5e-8);
-        EXPECT_NEAR(found.maximum, c.maximum, 5e-8);
-        EXPECT_NEAR(found.mean, c.mean, 1e-6);
-        EXPECT_EQ((std::array{ limits.west, limits.north }), (std::array{ c.west, c.north }));
+        ASSERT_EQ(grid_statistics(given.header(), Median::left_out, found, given.dialogs), Status::good);
+        EXPECT_EQ((std::array{ found.count, found.null_count }), (std::array{ count, null_count }));
+        EXPECT_NEAR(found.minimum, minimum, 5e-8);
+        EXPECT_NEAR(found.maximum, maximum, 5e-8);
+        EXPECT_NEAR(found.mean, mean, 1e-6);
+        EXPECT_EQ((std::array{ given.limits.west, given.limits.north }), (std::array{ west, north }));
     }
 }
 
 TEST(GridSampler, given_positions_between_beside_and_beyond_cell_centres_then_what_is_worked_by_hand)
 {
     const TemporaryFolder folder;
-    RecordedDialogs dialogs;
-    WorkGrid grid(folder.write("a.grd", surfer_text)); // edges 95, 125, 190, 230
-    GridLimits limits;
-    ASSERT_EQ(grid.prepare(limits, dialogs), Status::good);
-    const GridSampler sampler(grid.header());
+    Prepared given(folder.write("a.grd", surfer_text)); // edges 95, 125, 190, 230
+    ASSERT_EQ(given.status, Status::good);
+    const GridSampler sampler(given.header());
     for (const auto & [x, y, value] : cases_of<3>("grid_sampler.cases"))
         EXPECT_DOUBLE_EQ(sample_at(sampler, number_in<double>(x), number_in<double>(y)),
                          value == "null" ? -1e32 : number_in<double>(value))

@@ -20,16 +20,12 @@ std::string picture()
 
 TEST(read_image_registration, given_a_file_beside_the_picture_then_its_pixels_lie_where_it_says)
 {
-    struct Case {
-        const char * side;
-        std::string content;
-        std::string fault; ///< empty: edges 95, 125, 190, 230
-    };
     const std::string tab =
         "!table\n!version 300\nDefinition Table\n  File \"p.bmp\"\n  Type \"RASTER\"\n  (95,230) (0,0) Label \"Pt 1\",\n"
         "  (125,230) (3,0) Label \"Pt 2\",\n  (95,190) (0,2) Label \"Pt 3\"\n  CoordSys NonEarth Units \"m\"\n";
     const std::string world = "10\r\n0\r\n0\r\n-20\r\n100\r\n220\r\n"; // the centre of the upper left pixel
-    const Case cases[] = {
+    const std::array<std::string, 3> cases[] = {
+        // the file beside it, its content, and the fault; where there is none, the edges are 95, 125, 190 and 230
         { "p.bpw", world, "" },
         { "p.BPW", world, "" },
         { "p.bmpw", world, "" },
@@ -50,17 +46,17 @@ TEST(read_image_registration, given_a_file_beside_the_picture_then_its_pixels_li
           "can be used" },
         { "p.txt", "", "it has no position: no world file, ERMapper header or MapInfo table lies beside it" },
     };
-    for (const Case & c : cases) {
-        SCOPED_TRACE(c.side + c.fault);
+    for (const auto & [side, content, fault] : cases) {
+        SCOPED_TRACE(side + fault);
         const TemporaryFolder folder;
-        folder.write(c.side, c.content);
+        folder.write(side, content);
         RecordedDialogs dialogs;
         GridHeader header;
         header.file_name = folder.write("p.bmp", picture());
         const Status status = detect_grid_file(header, dialogs);
-        EXPECT_EQ(header.fault, c.fault);
-        EXPECT_EQ(status == Status::good, c.fault.empty());
-        if (!c.fault.empty()) continue;
+        EXPECT_EQ(header.fault, fault);
+        EXPECT_EQ(status == Status::good, fault.empty());
+        if (!fault.empty()) continue;
         EXPECT_EQ(header.format->code, 15);
         EXPECT_EQ(file_kind(header), FileKind::image);
         EXPECT_EQ((std::array{ header.limits.west, header.limits.east, header.limits.south, header.limits.north }),

@@ -1,7 +1,6 @@
 #include "rules/layout_rules.h"
 #include "rules/mesh_boxes.h"
-#include "rules/refinement.h"
-#include "rules/started_setup.h"
+#include "rules/refined_setup.h"
 #include "support/numbers.h"
 
 namespace {
@@ -25,18 +24,12 @@ struct Simple : StartedSetup {
     }
 };
 
-/// Volume of 0..100 m in a base mesh of 10 m cells, refined by cells of 2 m; 2 x 2 tiles.
-struct Refined : StartedSetup {
-    TemporaryFolder folder;
-
-    Refined()
+/// The volume from 20 to 80 m in x in 2 x 2 tiles.
+struct Laid : Refined {
+    Laid()
     {
-        const std::string mesh = folder.write("base.msh", "14 14 4\r\n-60 -60 50\r\n40 20 10*10 20 40\r\n40 20 10*10 20 40\r\n"
-                                                          "10 10 10 20\r\n");
-        EXPECT_EQ(start_refinement(setup, mesh, host), Status::good);
-        act("Text_cell_size 0 = 2; Text_cell_size 1 = 2; Text_cell_size 2 = 5; Text_x_tile_size := 40; Text_y_tile_size := 40;"
-            "Text_tile_overlap := 5; Text_blend_overlap := 2; Text_z_blend := 0; Text_min_val 0 := 20; Text_max_val 0 := 80;"
-            "Text_number_x_tiles = 0");
+        act("Text_x_tile_size := 40; Text_y_tile_size := 40; Text_min_val 0 := 20; Text_max_val 0 := 80; Text_number_x_tiles = "
+            "0");
         EXPECT_TRUE(dialogs.messages.empty() && setup.tiles.has({ 1, 1 }));
     }
 };
@@ -87,7 +80,7 @@ TEST(press_clip, given_a_button_then_its_limits_move_by_a_cell_and_boxes_mesh_an
 
 TEST(press_clip, given_refined_mode_then_limits_move_by_base_cells_and_go_no_further_than_its_core)
 {
-    Refined given;
+    Laid given;
     given.setup.tiles.tile_skipped[1] = 1;
     press_clip(given.setup, 0, false, given.host);
     given.expect("Text_min_val 0 = 10; Text_num_cells 0 = 35; Text_max_val 3 = 70; Frame_do_tile shown");
@@ -107,7 +100,7 @@ TEST(press_clip, given_refined_mode_then_limits_move_by_base_cells_and_go_no_fur
 
 TEST(press_clip, given_the_overlap_then_the_box_shows_it_and_the_tiles_wait)
 {
-    Refined given;
+    Laid given;
     const auto tiles = given.setup.tiles.tile_x_cells;
     press_clip(given.setup, 10, false, given.host);
     given.expect("Text_tile_overlap = 4; Frame_do_tile shown");
@@ -119,7 +112,7 @@ TEST(press_clip, given_the_overlap_then_the_box_shows_it_and_the_tiles_wait)
 
 TEST(layout_pointer, given_tiles_then_the_one_under_the_pointer_is_told_chosen_and_marked)
 {
-    Refined given;
+    Laid given;
     pause_in_tiling_layout(given.setup, given.host);
     given.expect("Frame_tiling_layout shown; Frame_do_tile shown; Tab_inversion hidden; Command_continue_tile shown;"
                  "Command_cancel_tile shown; Command_done_tiling_layout hidden; Check_do_tile disabled; Check_do_tile = off");

@@ -1,7 +1,7 @@
 #include "rules/box_groups.h"
 #include "rules/checked_setup.h"
 #include "rules/live_checks.h"
-#include "rules/refinement.h"
+#include "rules/refined_setup.h"
 
 #include <gtest/gtest.h>
 
@@ -47,8 +47,7 @@ TEST(box_fault, given_a_single_fault_then_the_words_of_the_check_in_every_method
     expect_words_of_the_check(grids.setup, { data_file_groups(), parameter_groups() });
 
     Checked refined(folder);
-    const std::string mesh =
-        folder.write("base.msh", "14 14 4\r\n-60 -60 50\r\n40 20 10*10 20 40\r\n40 20 10*10 20 40\r\n10 10 10 20\r\n");
+    const std::string mesh = folder.write("base.msh", base_mesh_text);
     ASSERT_EQ(start_refinement(refined.setup, mesh, refined.host), Status::good);
     refined.record().data_file[0] = folder.file("points.dat");
     refined.act("Check_topo_type 1 = on; Text_mag_intensity = 1; Text_cell_size 0 = 2; Text_cell_size 1 = 2; Text_cell_size 2 = "

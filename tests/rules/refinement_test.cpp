@@ -1,8 +1,6 @@
-#include "fakes/temporary_folder.h"
 #include "rules/mesh_boxes.h"
 #include "rules/refined_boxes.h"
-#include "rules/refinement.h"
-#include "rules/started_setup.h"
+#include "rules/refined_setup.h"
 #include "rules/tile_choice.h"
 
 #include <gtest/gtest.h>
@@ -13,29 +11,15 @@ using Texts = std::vector<std::string>;
 
 constexpr const char * loaded = "The mesh/model files have been loaded and refinement mode is enabled";
 
-/// x nodes -60, -20, 0, 10 .. 100, 120, 160 with the core from 0 to 100; y the same; z nodes 50, 40, 30, 20, 0.
-constexpr const char * mesh_text = "14 14 4\r\n-60 -60 50\r\n40 20 10*10 20 40\r\n40 20 10*10 20 40\r\n10 10 10 20\r\n";
-
 struct Started : StartedSetup {
     TemporaryFolder folder;
-    std::string mesh_file = folder.write("base.msh", mesh_text);
+    std::string mesh_file = folder.write("base.msh", base_mesh_text);
 
     Status press(int index, std::deque<std::string> picks = {})
     {
         dialogs.picks = std::move(picks);
         return press_define_inversion_mode(setup, index, host);
     }
-};
-
-/// In refined mode, tiles of 30 cells with an overlap of 5 over cells of 2, 2 and 5 m, not yet built.
-struct Refined : Started {
-    Refined()
-    {
-        EXPECT_EQ(start_refinement(setup, mesh_file, host), Status::good);
-        act("Text_cell_size 0 = 2; Text_cell_size 1 = 2; Text_cell_size 2 = 5; Text_x_tile_size := 30; Text_y_tile_size := 30;"
-            "Text_tile_overlap := 5; Text_blend_overlap := 2; Text_z_blend := 0");
-    }
-    Status unload() { return unload_mesh_from_form(setup, -1, false, host); }
 };
 
 }
@@ -77,7 +61,7 @@ TEST(refinement, given_refined_boxes_then_mesh_and_tiles_are_built_and_shown)
 {
     Refined given;
     given.act("Text_min_val 0 = 14; Text_max_val 0 = 95");
-    EXPECT_EQ(given.unload(), Status::good);
+    EXPECT_EQ(unload_mesh_from_form(given.setup, -1, false, given.host), Status::good);
     // 14..95 is 40 cells (40.5 to even) and so 14..94, and by the base mesh 10..90; 0..100 is 50; by 20: 2 and 2.5, even, but 25
     // cells with overlaps are 35 and so 3
     given.expect("Text_min_val 0 = 10; Text_max_val 0 = 90; Text_num_cells 0 = 40; Text_max_val 1 = 100; Text_num_cells 1 = 50;"
@@ -114,7 +98,7 @@ TEST(refinement, given_tiles_then_skips_and_order_are_taken_until_they_are_laid_
 TEST(refinement, given_ground_below_the_volume_or_no_base_then_a_message)
 {
     Refined given;
-    EXPECT_EQ(given.unload(), Status::good); // down to 0
+    EXPECT_EQ(unload_mesh_from_form(given.setup, -1, false, given.host), Status::good); // down to 0
     const auto check = [&](std::int32_t method, float bottom) {
         given.setup.definition.inversion_method = method;
         given.setup.base.ground_bottom = bottom;

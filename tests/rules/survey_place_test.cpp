@@ -44,12 +44,13 @@ TEST(survey_place, given_what_a_file_says_then_only_that_is_known)
 {
     const TemporaryFolder folder;
     RecordedHost given;
-    for (const auto & [lines, name_line, z_column, zone, expected] : cases_of<5>("survey_place.cases")) {
-        ::Setup setup = setup_of(folder.write("data.csv", file_of(lines)));
+    for (const auto & [file, lines, name_line, z_column, zone, expected] : cases_of<6>("survey_place.cases")) {
+        ::Setup setup = setup_of(folder.write(file, file_of(lines)));
         InversionDefinition & definition = setup.definition;
         zone.empty() ? delete_file(folder.file("data.prj")) : void(folder.write("data.prj", projection(zone)));
         const std::int32_t z = number_in(z_column);
         definition.data_name_line[0] = number_in(name_line);
+        definition.data_kind[0] = file.ends_with(".xyz") ? 2 : 0;
         definition.data_x_column[0] = z + 1, definition.data_y_column[0] = z + 2, definition.data_z_column[0] = z;
         definition.coordinate_transform.x_origin = 1e6; // of the mesh, which does not move the survey
         definition.coordinate_transform.in_use = true;
@@ -57,20 +58,6 @@ TEST(survey_place, given_what_a_file_says_then_only_that_is_known)
             EXPECT_EQ(words_of(survey_place(setup, look, given.host)), expected) << lines;
     }
     EXPECT_EQ(words_of(survey_place(setup_of(folder.file("gone")), SurveyLook::whole, given.host)), "unknown");
-    EXPECT_EQ(given.dialogs.messages, std::vector<std::string>());
-}
-
-TEST(survey_place, given_a_database_then_the_names_of_its_channels_tell_as_those_of_columns_do)
-{
-    const TemporaryFolder folder;
-    RecordedHost given;
-    ::Setup setup =
-        setup_of(folder.write("lines.xyz", "/ X Y Z GDA94LAT GDA94LON Flt_Date\nLine 10\n1 2 300 -22 140 *\n"
-                                           "1 2 310 -22 141 20091202\nLine 20\n1 2 320 * *\n1 2 340 -24 140 20091205\n"));
-    setup.definition.data_kind[0] = 2;
-    setup.definition.data_z_column[0] = 3;
-    for (const SurveyLook look : { SurveyLook::whole, SurveyLook::beginning })
-        EXPECT_EQ(words_of(survey_place(setup, look, given.host)), "-23 140.5 320 02/12/2009");
     EXPECT_EQ(given.dialogs.messages, std::vector<std::string>());
 }
 

@@ -71,21 +71,17 @@ TEST(apply_transform_page, given_more_digits_than_are_shown_then_an_untouched_bo
 
 TEST(change_transform_page, given_parameters_then_a_look_at_the_points_changes_nothing_or_is_refused)
 {
-    struct Case {
-        double y_scale;
-        const char * second_x; // of the new points: 1000 m to the south of 30, 40
-        Status back;
-    };
-    for (const Case & c : { Case{ 1, "30.0000", Status::good }, Case{ 3, "5.0000", Status::bad } }) {
+    // the scale, the second x of the new points, 1000 m to the south of 30, 40, and the way back
+    for (const auto & [y_scale, second_x, back] : { std::tuple(1.0, "30.0000", Status::good), { 3.0, "5.0000", Status::bad } }) {
         PointTransform start;
-        start.rotation = 90, start.y_scale = c.y_scale;
+        start.rotation = 90, start.y_scale = y_scale;
         start.x_origin = 5, start.y_origin = 7, start.new_x_origin = 30, start.new_y_origin = 40;
         normalise_point_transform(start);
         OpenDialog dialog(start);
         ASSERT_EQ(change_transform_page(dialog.setup, 1, dialog.host), Status::good);
-        EXPECT_EQ(dialog.text("Text_new_x2"), c.second_x);
-        EXPECT_EQ(change_transform_page(dialog.setup, 0, dialog.host), c.back);
-        EXPECT_EQ(dialog.setup.transform.y_scale, c.y_scale);
+        EXPECT_EQ(dialog.text("Text_new_x2"), second_x);
+        EXPECT_EQ(change_transform_page(dialog.setup, 0, dialog.host), back);
+        EXPECT_EQ(dialog.setup.transform.y_scale, y_scale);
         EXPECT_NEAR(dialog.setup.transform.rotation, 90, 1e-5);
     }
 }

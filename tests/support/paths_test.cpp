@@ -1,3 +1,4 @@
+#include "fakes/case_table.h"
 #include "fakes/temporary_folder.h"
 #include "support/fault.h"
 
@@ -7,27 +8,21 @@ namespace {
 
 TEST(paths, given_a_path_then_its_parts_are_text)
 {
-    const auto parts = [](const char * path) {
-        return file_name_of_path(path) + "|" + file_stem_of_path(path) + "|" + file_extension_of_path(path) + "|" +
-               folder_of_path(path) + "|" + folder_without_drive(path) + "|" + drive_of_path(path);
-    };
-    EXPECT_EQ(parts("C:\\a\\b.c.txt"), "b.c.txt|b.c|txt|C:\\a\\|\\a\\|C:");
-    EXPECT_EQ(parts("C:\\a\\.\\x\\..\\b"), "b|b||C:\\a\\|\\a\\|C:");
-    EXPECT_EQ(parts("C:\\a\\"), "|||C:\\a\\|\\a\\|C:");
-    EXPECT_EQ(parts("C:\\a.b\\..\\c\\"), "|||C:\\c\\|\\c\\|C:");
-    EXPECT_EQ(file_name_of_path("a.b"), "a.b");
-    EXPECT_EQ(folder_of_path("a.b"), "");
+    for (const auto & [path, name, stem, extension, folder, below_drive, drive] : cases_of<7>("path_parts.cases")) {
+        SCOPED_TRACE(path);
+        EXPECT_EQ(file_name_of_path(path) + "|" + file_stem_of_path(path) + "|" + file_extension_of_path(path),
+                  name + "|" + stem + "|" + extension);
+        EXPECT_EQ(folder_of_path(path) + "|" + folder_without_drive(path) + "|" + drive_of_path(path),
+                  folder + "|" + below_drive + "|" + drive);
+    }
+    EXPECT_EQ(file_name_of_path("a.b") + "|" + folder_of_path("a.b"), "a.b|");
     EXPECT_EQ(folder_of_path("sub\\a.b"), current_folder() + "\\sub\\");
     EXPECT_EQ(file_name_of_path(std::string_view("x\\a.b\0zz", 8)), "a.b");
 }
 
 TEST(paths, given_two_places_then_the_way_between_them)
 {
-    EXPECT_EQ(relative_path("C:\\a\\b\\", "C:\\a\\b\\f.dat"), "f.dat");
-    EXPECT_EQ(relative_path("C:\\a\\b\\", "C:\\a\\bc\\f.dat"), "..\\bc\\f.dat");
-    EXPECT_EQ(relative_path("C:\\a\\b\\", "C:\\f.dat"), "..\\..\\f.dat");
-    EXPECT_EQ(relative_path("C:\\a\\", "D:\\a\\f.dat"), "D:\\a\\f.dat");
-    EXPECT_EQ(relative_path("C:\\a\\", "C:\\a\\"), "");
+    for (const auto & [from, to, way] : cases_of<3>("relative_paths.cases")) EXPECT_EQ(relative_path(from, to), way) << to;
 }
 
 TEST(paths, given_files_and_folders_then_they_are_found_made_and_entered)

@@ -29,10 +29,8 @@ TEST(fields, given_a_text_then_it_splits_at_the_delimiter_or_into_tokens)
     EXPECT_EQ(split(0, "a;b,c", ' '), "a;b|c|2");      // a blank stands for the comma
     EXPECT_EQ(split(0, "5\", \"x\"", ','), "5\"|x|2"); // one quote is no pair
     EXPECT_EQ(split(2, "1,2,3") + split(3, "1") + split(0, "  "), "1|2|21|||30");
-    std::string text = " key : a:b ";
-    EXPECT_EQ(take_field(text, ':') + "|" + text, "key|a:b");
-    text = " all ";
-    EXPECT_EQ(take_field(text, ':') + "|" + text, "all|");
+    for (auto [text, parts] : { std::pair<std::string, const char *>(" key : a:b ", "key|a:b"), { " all ", "all|" } })
+        EXPECT_EQ(take_field(text, ':') + "|" + text, parts);
 }
 
 TEST(keys, given_a_list_of_values_then_each_runs_to_its_end)

@@ -54,12 +54,12 @@ TEST(new_file, given_a_protected_file_then_its_copy_can_be_replaced)
     EXPECT_NE(fs::status(host_path(folder.file("copy.sus"))).permissions() & fs::perms::owner_write, fs::perms::none);
 }
 
-/// A process that ends, as when killed, while it writes a file, which leaves its working file behind.
-void die_while_writing(const std::string & path)
+/// Does something in a process of its own, which ends as when killed.
+void in_another_process(const std::function<void()> & steps)
 {
     const pid_t child = fork();
     if (child == 0) {
-        const FileWriter file(path);
+        steps();
         _exit(0);
     }
     waitpid(child, nullptr, 0);
@@ -68,7 +68,10 @@ void die_while_writing(const std::string & path)
 TEST(stale_work_files, given_those_of_dead_and_living_processes_then_only_the_dead_ones_go)
 {
     const TemporaryFolder folder;
-    die_while_writing(folder.file("a.txt"));
+    in_another_process([&folder] {
+        const FileWriter file(folder.file("a.txt"));
+        _exit(0); // which leaves its working file behind
+    });
     ASSERT_EQ(files_in(folder), 1);
     // Too like ours to be touched by chance: one digit too many, one sign too many, a link, a folder.
     for (const char * name : { "~WDqvinv3d_12345678901.tmp", "~WDqvinv3d_1x.tmp", "~WDqvinv3d_.tmp", "~WD7.tmp" })
@@ -83,12 +86,8 @@ TEST(stale_work_files, given_a_file_that_another_program_is_writing_then_it_is_l
 {
     const TemporaryFolder folder;
     const FileWriter living(folder.file("b.txt"));
-    const pid_t other = fork();
-    if (other == 0) {
-        delete_stale_work_files(folder.path() + "\\.\\"); // this process has looked, by another name
-        _exit(0);
-    }
-    waitpid(other, nullptr, 0);
+    // this process has looked, by another name
+    in_another_process([&folder] { delete_stale_work_files(folder.path() + "\\.\\"); });
     EXPECT_EQ(files_in(folder), 1);
 }
 

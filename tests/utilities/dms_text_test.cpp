@@ -18,13 +18,6 @@ TEST(parse_dms_text, given_texts_then_their_angles_and_whether_the_check_takes_t
 
 TEST(format_dms_text, given_a_style_then_its_form)
 {
-    const struct {
-        double value;
-        int style;
-        const char * text;
-    } cases[] = { { -33.5, 0, " -33 30  0.000" },     { -151.51, 0, "-151 30 36.000" },     { -0.25, 0, "  -0 15  0.000" },
-                  { -1e-9, 0, "   0  0  0.000" },     { 59.99999999, 0, "  60  0  0.000" }, { 10.9999, 1, "E  11  0" },
-                  { -10.5, 2, "W  10 30  0" },        { -10.5, -2, "S  10 30  0" },         { 10.51, -3, "N  10 30' 36.000\"" },
-                  { -5.0001, 4, "W   5  0  0.3600" }, { 5.0001, -5, "N   5  0  0.36000" } };
-    for (const auto & [value, style, text] : cases) EXPECT_EQ(format_dms_text(value, style), text);
+    for (const auto & [value, style, text] : cases_of<3>("dms_written.cases"))
+        EXPECT_EQ(format_dms_text(number_in<double>(value), number_in(style)), text) << value << " " << style;
 }

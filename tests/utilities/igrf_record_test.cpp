@@ -18,19 +18,11 @@ TEST(parse_igrf_date, given_texts_then_decimal_years_within_their_year)
 
 TEST(calculate_igrf, given_texts_with_a_fault_then_the_first_one_is_told_and_the_record_stays)
 {
-    const std::pair<IgrfTexts, const char *> cases[] = {
-        { { "x", "x", "x", "x" }, "The date is invalid" },
-        { { "2000", "10 N", "x", "x" }, "The longitude is invalid" },
-        { { "2000", "10", "10 E", "x" }, "The latitude is invalid" },
-        { { "2000", "10", "10", "" }, "The elevation is invalid" },
-        { { "31/12/2030", "10", "10" },
-          "The IGRF calculation returned error code: 1: the date is outside the years of the model, 1900.0 to 2030.0" },
-    };
-    for (const auto & [texts, message] : cases) {
+    for (const auto & [date, longitude, latitude, elevation, message] : cases_of<5>("igrf_record.cases")) {
         RecordedHost host;
         IgrfRecord record;
         record.latitude = 5;
-        EXPECT_EQ(calculate_igrf(texts, record, host.host), Status::bad);
+        EXPECT_EQ(calculate_igrf({ date, longitude, latitude, elevation }, record, host.host), Status::bad);
         EXPECT_EQ(host.dialogs.messages, std::vector<std::string>{ message });
         EXPECT_EQ(record.latitude, 5);
         EXPECT_FALSE(record.computed);

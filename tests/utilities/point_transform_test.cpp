@@ -88,17 +88,13 @@ TEST(invert_point_transform, given_equal_scales_then_it_undoes_itself_and_two_po
 TEST(rotated_extents, given_a_turned_rectangle_then_the_limits_of_all_its_corners)
 {
     PointTransform transform = transform_of("53.13010235 0 1"); // the angle of 3, 4 and 5
-    const struct {
-        bool in_use;
-        TransformDirection direction;
-        Extents limits;
-    } cases[] = { { true, TransformDirection::forward, { 0, 22, -8, 12 } },
-                  { true, TransformDirection::inverse, { -16, 6, 0, 20 } },
-                  { false, TransformDirection::forward, { 0, 10, 0, 20 } } };
-    for (const auto & c : cases) {
-        transform.in_use = c.in_use;
-        const Extents found = rotated_extents(transform, c.direction, { 0, 10, 0, 20 });
-        expect_near({ found.west, found.south, 0 }, { c.limits.west, c.limits.south, 0 });
-        expect_near({ found.east, found.north, 0 }, { c.limits.east, c.limits.north, 0 });
+    const std::tuple<bool, TransformDirection, Extents> cases[] = { { true, TransformDirection::forward, { 0, 22, -8, 12 } },
+                                                                    { true, TransformDirection::inverse, { -16, 6, 0, 20 } },
+                                                                    { false, TransformDirection::forward, { 0, 10, 0, 20 } } };
+    for (const auto & [in_use, direction, limits] : cases) {
+        transform.in_use = in_use;
+        const Extents found = rotated_extents(transform, direction, { 0, 10, 0, 20 });
+        expect_near({ found.west, found.south, 0 }, { limits.west, limits.south, 0 });
+        expect_near({ found.east, found.north, 0 }, { limits.east, limits.north, 0 });
     }
 }

@@ -2,7 +2,6 @@
 #include "utilities/reference_field.h"
 
 #include <gtest/gtest.h>
-#include <limits>
 
 namespace {
 
@@ -41,17 +40,11 @@ TEST(IGRF10, given_published_values_then_the_field_is_theirs_to_the_last_digit)
 
 TEST(IGRF10, given_something_outside_its_range_then_a_code_and_no_change)
 {
-    const double nan = std::numeric_limits<double>::quiet_NaN(), least = 1e-9;
-    const struct {
-        double date, latitude, longitude, elevation;
-        std::int32_t code;
-    } cases[] = { { 1900 - least, 0, 0, 0, 1 },  { 2030 + least, 0, 0, 0, 1 }, { nan, 0, 0, 0, 1 },
-                  { 2000, 90 + least, 0, 0, 2 }, { 2000, -91, 0, 0, 2 },       { 2000, nan, 0, 0, 2 },
-                  { 2000, 0, 361, 0, 2 },        { 2000, 0, nan, 0, 2 },       { 2000, 0, 0, -10001, 3 },
-                  { 2000, 0, 0, 600001, 3 },     { 2000, 0, 0, nan, 3 } };
-    for (const auto & [date, latitude, longitude, elevation, code] : cases) {
+    for (const auto & [date, latitude, longitude, elevation, code] : cases_of<5>("reference_range.cases")) {
         ReferenceField field{ .declination = 7, .intensity_sv = 8 };
-        EXPECT_EQ(IGRF10(date, latitude, longitude, elevation, field), code) << date << " " << latitude << " " << longitude;
+        const auto calculated = IGRF10(number_in<double>(date), number_in<double>(latitude), number_in<double>(longitude),
+                                       number_in<double>(elevation), field);
+        EXPECT_EQ(calculated, number_in(code)) << date << " " << latitude << " " << longitude;
         EXPECT_EQ(field.declination, 7);
         EXPECT_EQ(field.intensity_sv, 8);
     }

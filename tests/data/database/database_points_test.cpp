@@ -1,7 +1,6 @@
 #include "data/database/database_points.h"
 #include "data/described_points.h"
 #include "fakes/given_survey.h"
-#include "fakes/recorded_host.h"
 #include "fakes/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -20,11 +19,8 @@ LocationSource source_of(std::int32_t z, std::int32_t value, std::int32_t line)
     return source;
 }
 
-struct Reader {
+struct Reader : PointsReader {
     GivenDatabase database;
-    RecordedHost recorded;
-    ObservedData data;
-    LocationStatistics statistics;
 
     Status read(const LocationSource & source, ReadMode mode = ReadMode::store)
     {

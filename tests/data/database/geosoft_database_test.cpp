@@ -1,6 +1,4 @@
 #include "data/described_points.h"
-#include "data/location_reader.h"
-#include "fakes/recorded_host.h"
 #include "fakes/temporary_folder.h"
 
 #include <cstdlib>
@@ -9,11 +7,8 @@
 
 namespace {
 
-struct Reader {
+struct Reader : PointsReader {
     TemporaryFolder folder;
-    RecordedHost recorded;
-    ObservedData data;
-    LocationStatistics statistics;
 
     Reader()
     {
@@ -28,7 +23,7 @@ struct Reader {
         source.file_type = 2;
         source.file_name = folder.write(name, "any bytes");
         source.x_column = 3, source.y_column = 4, source.z_column = 9, source.value_column[0] = 2, source.line_column = 7;
-        return read_locations_file(source, ReadMode::store, data, statistics, recorded.host);
+        return PointsReader::read(source);
     }
 
     /// What the library still holds.

@@ -1,6 +1,5 @@
 #include "data/database/database_texts.h"
 #include "data/described_points.h"
-#include "data/location_reader.h"
 #include "fakes/case_table.h"
 #include "fakes/temporary_folder.h"
 
@@ -8,48 +7,33 @@
 
 namespace {
 
-/// The points of columns 1 and 2 with the second as the value, as a database or as plain columns.
+/// x and y in columns 1 and 2.
+LocationSource source_of(const std::string & path, std::int32_t file_type = 2)
+{
+    LocationSource source;
+    source.file_name = path, source.file_type = file_type;
+    source.x_column = 1, source.y_column = 2;
+    return source;
+}
+
+/// The points with the second column as the value too, as a database or as plain columns.
 std::string points_of(const std::string & path, std::int32_t file_type, const TextLines & text_lines)
 {
-    RecordedHost recorded;
-    LocationSource source;
-    source.file_name = path;
-    source.file_type = file_type;
-    source.first_data_line = text_lines.first;
-    source.read_increment = text_lines.increment;
-    source.x_column = 1, source.y_column = 2, source.value_column[0] = 2;
-    ObservedData data;
-    LocationStatistics statistics;
-    EXPECT_EQ(read_locations_file(source, ReadMode::store, data, statistics, recorded.host), Status::good);
-    return described(data);
+    LocationSource source = source_of(path, file_type);
+    source.first_data_line = text_lines.first, source.read_increment = text_lines.increment;
+    source.value_column[0] = 2;
+    PointsReader points;
+    EXPECT_EQ(points.read(source), Status::good);
+    return described(points.data);
 }
 
 }
 
 TEST(database_kind, given_a_file_then_what_it_is)
 {
-    const struct {
-        const char *name, *content;
-        DatabaseKind kind;
-    } cases[] = {
-        { "A.GDB", "x", DatabaseKind::geosoft },
-        { "a.Dfn", "x", DatabaseKind::aseg_gdf2 },
-        { "a.XYZ", "Line 100\n1 2\n", DatabaseKind::line_xyz },
-        { "a.xyz", "\xEF\xBB\xBF/ c\r\n\r\n! c\r\n tie\t8001.04\r\n1 2\r\n", DatabaseKind::line_xyz },
-        { "a.xyz", "Line L7 // flight 3\n1 2\n", DatabaseKind::line_xyz },
-        // column names that begin with the same word
-        { "a.xyz", "Line Fid1 X Y\n1 2 3 4\n", DatabaseKind::none },
-        { "a.xyz", "Line Easting\n1 2\n", DatabaseKind::none },
-        { "a.xyz", "Line,100\n1,2\n", DatabaseKind::none },
-        { "a.xyz", "Lines 100\n1 2\n", DatabaseKind::none },
-        { "a.xyz", "1 2 3\nLine 100\n", DatabaseKind::none },
-        { "a.xyz", "", DatabaseKind::none },
-        { "a.dat", "Line 100\n1 2\n", DatabaseKind::none },
-    };
-    for (const auto & [name, content, kind] : cases) {
-        SCOPED_TRACE(content);
+    for (const auto & [name, content, kind] : cases_of<3>("database/database_kinds.cases")) {
         const TemporaryFolder folder;
-        EXPECT_EQ(database_kind(folder.write(name, content)), kind);
+        EXPECT_EQ(database_kind(folder.write(name, content)), static_cast<DatabaseKind>(number_in(kind))) << content;
     }
     EXPECT_EQ(database_kind("C:\\no\\such.xyz"), DatabaseKind::none);
     EXPECT_EQ(DatabaseTexts("C:\\no\\such.gdb", {}).rows, "The specified data file does not exist");
@@ -79,15 +63,13 @@ TEST(xyz_database, given_a_long_line_then_it_comes_in_pieces_and_no_reading_is_l
     std::string text = "Line 1\n";
     for (int i = 1; i <= 20000; ++i) text += std::to_string(i) + " " + std::to_string(2 * i) + (i % 3 == 0 ? "\n\n" : "\n");
     const std::string path = folder.write("s.xyz", text);
-    RecordedHost recorded;
-    EXPECT_EQ(open_database(path, {}, recorded.host)->lines().size(), 3U);
-    EXPECT_EQ(open_database(path, {}, recorded.host)->first_lines(30).size(), 1U);
-    LocationSource source;
-    source.file_name = path, source.file_type = 2;
-    source.x_column = 1, source.y_column = 2, source.line_column = 3;
-    ObservedData data;
-    LocationStatistics statistics;
-    ASSERT_EQ(read_locations_file(source, ReadMode::store, data, statistics, recorded.host), Status::good);
+    PointsReader reader;
+    const ObservedData & data = reader.data;
+    EXPECT_EQ(open_database(path, {}, reader.recorded.host)->lines().size(), 3U);
+    EXPECT_EQ(open_database(path, {}, reader.recorded.host)->first_lines(30).size(), 1U);
+    LocationSource source = source_of(path);
+    source.line_column = 3;
+    ASSERT_EQ(reader.read(source), Status::good);
     ASSERT_EQ(data.point_count, 20000);
     for (std::int32_t i = 1; i <= 20000; ++i) ASSERT_EQ(data.xyz[0][i], i);
     EXPECT_EQ(data.xyz[1][20000], 40000);
@@ -97,15 +79,11 @@ TEST(xyz_database, given_a_long_line_then_it_comes_in_pieces_and_no_reading_is_l
 TEST(xyz_database, given_a_column_behind_the_readings_then_no_line_name_is_taken_for_a_number)
 {
     const TemporaryFolder folder;
-    RecordedHost recorded;
-    LocationSource source;
-    source.file_name = folder.write("s.xyz", "Line 7\n1 2\n1 2 3\n");
-    source.file_type = 2;
-    source.x_column = 1, source.y_column = 2, source.line_column = 4;
-    ObservedData data;
-    LocationStatistics statistics;
-    EXPECT_EQ(read_locations_file(source, ReadMode::store, data, statistics, recorded.host), Status::good);
+    PointsReader reader;
+    LocationSource source = source_of(folder.write("s.xyz", "Line 7\n1 2\n1 2 3\n"));
+    source.line_column = 4;
+    EXPECT_EQ(reader.read(source), Status::good);
     source.value_column[0] = 4;
-    EXPECT_EQ(read_locations_file(source, ReadMode::store, data, statistics, recorded.host), Status::bad);
-    EXPECT_NE(recorded.dialogs.messages.at(0).find("Column 4, for the value, is the name of the line"), std::string::npos);
+    EXPECT_EQ(reader.read(source), Status::bad);
+    EXPECT_NE(reader.recorded.dialogs.messages.at(0).find("Column 4, for the value, is the name of the line"), std::string::npos);
 }

@@ -23,10 +23,11 @@ Number last_handle = 100;
 Number open_databases = 0;
 bool is_bad = false;
 
-void fill(char * buffer, Number size, const std::string & text)
+/// With a NUL where there is room.
+Number fill(char * buffer, Number size, const std::string & text)
 {
-    std::memcpy(buffer, text.c_str(),
-                std::min(text.size() + 1, static_cast<std::size_t>(size))); // with a NUL where there is room
+    std::memcpy(buffer, text.c_str(), std::min(text.size() + 1, static_cast<std::size_t>(size)));
+    return 0;
 }
 
 bool has_ended(Number session, Number opened) { return session != 71 || opened != 5 || open_databases != 1; }
@@ -52,11 +53,7 @@ EXPORTED Number Std_Open_DB(Number, const char * file, const char *, const char 
     ++open_databases;
     return 5;
 }
-EXPORTED Number Std_Destroy_DB(Number, Number)
-{
-    --open_databases;
-    return 0;
-}
+EXPORTED Number Std_Destroy_DB(Number, Number) { return --open_databases; }
 
 EXPORTED Number Std_Create_LST(Number, Number width)
 {
@@ -74,47 +71,28 @@ EXPORTED Number Std_SymbLST_DB(Number session, Number opened, Number list, Numbe
 EXPORTED Number Std_iSize_LST(Number, Number list) { return static_cast<Number>(lists.at(list).size()); }
 EXPORTED Number Std_GtItem_LST(Number, Number list, Number, Number position, char * buffer, Number size)
 {
-    fill(buffer, size, lists.at(list).at(at(position)));
-    return 0;
+    return fill(buffer, size, lists.at(list).at(at(position)));
 }
 EXPORTED Number Std_iGetInt_LST(Number, Number, Number, Number position) { return position + 1; }
-EXPORTED Number Std_Destroy_LST(Number, Number list)
-{
-    lists.erase(list);
-    return 0;
-}
+EXPORTED Number Std_Destroy_LST(Number, Number list) { return lists.erase(list) == 1 ? 0 : 1; }
 
 EXPORTED Number Std_FindSymb_DB(Number, Number, const char * name, Number) { return database.find_channel(name); }
 EXPORTED Number Std_FindChan_DB(Number, Number, const char * name) { return database.find_channel(name); }
-EXPORTED Number Std_LockSymb_DB(Number, Number, Number symbol)
-{
-    database.lock(symbol);
-    return 0;
-}
-EXPORTED Number Std_UnLockSymb_DB(Number, Number, Number symbol)
-{
-    database.unlock(symbol);
-    return 0;
-}
+EXPORTED Number Std_LockSymb_DB(Number, Number, Number symbol) { return database.lock(symbol), 0; }
+EXPORTED Number Std_UnLockSymb_DB(Number, Number, Number symbol) { return database.unlock(symbol), 0; }
 EXPORTED Number Std_iGetChanType_DB(Number, Number, Number symbol) { return channel(symbol).type; }
 EXPORTED Number Std_iGetChanArraySize_DB(Number, Number, Number symbol)
 {
     return static_cast<Number>(channel(symbol).values.at(0).size());
 }
-EXPORTED Number Std_iGetColVA_DB(Number session, Number opened, Number symbol)
-{
-    return Std_iGetChanArraySize_DB(session, opened, symbol);
-}
+EXPORTED Number Std_iGetColVA_DB(Number, Number, Number symbol) { return Std_iGetChanArraySize_DB(0, 0, symbol); }
 
 EXPORTED Number Std_CreateExt_VV(Number, Number type, Number)
 {
     values[++last_handle] = { { type, {}, {}, {} } };
     return last_handle;
 }
-EXPORTED Number Std_CreateExt_VA(Number session, Number type, Number rows, Number)
-{
-    return Std_CreateExt_VV(session, type, rows);
-}
+EXPORTED Number Std_CreateExt_VA(Number, Number type, Number, Number) { return Std_CreateExt_VV(0, type, 0); }
 EXPORTED Number Std_Destroy_VV(Number, Number vector) { return values.erase(vector) == 1 ? 0 : 1; }
 
 EXPORTED Number Std_GetChanVA_DB(Number session, Number opened, Number line, Number symbol, Number array)
@@ -138,8 +116,7 @@ EXPORTED double Std_rGetReal_VV(Number, Number vector, Number row) { return firs
 EXPORTED Number Std_iGetInt_VV(Number, Number vector, Number row) { return first(vector).integers.at(at(row)); }
 EXPORTED Number Std_IGetString_VV(Number, Number vector, Number row, char * buffer, Number size)
 {
-    fill(buffer, size, first(vector).texts.at(at(row)));
-    return 0;
+    return fill(buffer, size, first(vector).texts.at(at(row)));
 }
 
 EXPORTED Number Std_sGetError_GEO(Number, char * module, Number module_size, char * description, Number description_size)
