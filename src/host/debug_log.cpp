@@ -37,6 +37,6 @@ void debug_write(DebugLog & log, Dialogs & dialogs, bool reset, const std::strin
     ++log.line_count;
     const std::string line = format_number(log.line_count, "0") + " : " + text;
     add_line(log, line);
-    if (log.level > 1) std::fprintf(stderr, "%s\n", line.c_str());
+    if (log.level > 1) static_cast<void>(std::fputs((line + "\n").c_str(), stderr));
     if (log.line_count == 1) dialogs.message("Debug started: " + log.file);
 }

@@ -18,7 +18,7 @@ constexpr std::size_t largest_room = std::size_t{ 1 } << 16;
 
 FileWriter::FileWriter(const std::string & path) : file_(path), buffer_(buffer_size)
 {
-    std::setvbuf(file_.stream(), nullptr, _IONBF, 0);
+    static_cast<void>(std::setvbuf(file_.stream(), nullptr, _IONBF, 0)); // with a buffer of its own it only goes slower
 }
 
 void FileWriter::text(std::string_view text)

@@ -140,7 +140,7 @@ void NewFile::open_beside()
             work_ = std::move(name);
             return;
         }
-        std::fclose(std::exchange(stream_, nullptr));
+        static_cast<void>(std::fclose(std::exchange(stream_, nullptr))); // nothing has been written
     }
     errno = EEXIST;
 }
@@ -156,7 +156,7 @@ NewFile::NewFile(NewFile && other) noexcept
 void NewFile::drop() noexcept
 {
     std::error_code ignored;
-    if (stream_ != nullptr) std::fclose(std::exchange(stream_, nullptr));
+    if (stream_ != nullptr) static_cast<void>(std::fclose(std::exchange(stream_, nullptr))); // it is given up
     if (!work_.empty()) fs::remove(work_, ignored);
     work_.clear();
 }
