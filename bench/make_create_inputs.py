@@ -9,38 +9,9 @@ import os
 import numpy as np
 import pandas as pd
 
-WEST, SOUTH = 450000.0, 7550000.0  # corner of the core, metres
-CELL, CELL_Z = 50.0, 25.0
-PADDING_XY, PADDING_Z = "1,1,1.25,1.5,2,3,4,6", "1,1,1,1,1.5,1.5,2,2,3,3,4,5,6,8,10,12"
+from measured_survey import CELL, SOUTH, WEST, write_definition
 
-DEFINITION = """Version 3.0
-Inversion method: 4
-Inversion mode: 0
-Refinement Mode: 0 ! 0=simple, 1=refined
-X Range: {west:.6f} {east:.7f} {cell:.7f} {core_x}
-Y Range: {south:.6f} {north:.7f} {cell:.7f} {core_y}
-Z Range: {bottom:.6f} {top:.7f} {cell_z:.7f} {core_z} 1.0000000 0.0000000
-Add mesh padding: {padding} 1
-X/Y padding: {padding_xy}
-Z padding: {padding_z}
-Obs data types  : 1 -1 -1
-Data file type: 0 ! 0=point, 1=grid
-Obs data file  : readings.csv
-Topo data file : ground.xyz
-Obs data definitions: 2 1 1 0 2 3 4 5 0 0 0
-Number of Obs data per cell: 1 0.0000
-Obs data base value: 100.0000
-Obs data scale value: 1.0000
-Sensor height definitions: 1 0.00 0.00
-Error percent and floor:  2  5
-Topo data definitions: 1 0 1 1 2 3
-Topo type: 0
-Topo offset: 0.00
-Topo shift option: 1
-Mag field: -53.31 6.66 52055.00
-[Comments]
-Made for measuring
-"""
+PADDING_XY, PADDING_Z = "1,1,1.25,1.5,2,3,4,6", "1,1,1,1,1.5,1.5,2,2,3,3,4,5,6,8,10,12"
 
 
 def numbers(text):
@@ -53,18 +24,13 @@ def ground(x, y):
     return 300 + 45 * np.sin(u * 0.9) * np.cos(v * 0.7) + 30 * np.sin(u * 2.3 + v * 1.7) + 10 * np.cos(v * 5.1)
 
 
-def write_definition(folder, cells):
+def write_untiled_definition(path, cells):
     """Writes it and gives the size of the core. A mesh too small for padding gets none."""
-    padding = cells[0] >= 40
-    padding_xy, padding_z = (PADDING_XY, PADDING_Z) if padding else ("", "")
-    core_x, core_y = (count - 2 * len(numbers(padding_xy)) for count in cells[:2])
-    core_z = cells[2] - len(numbers(padding_z))
-    text = DEFINITION.format(west=WEST, east=WEST + core_x * CELL, south=SOUTH, north=SOUTH + core_y * CELL, cell=CELL,
-                             cell_z=CELL_Z, top=425.0, bottom=425.0 - core_z * CELL_Z, core_x=core_x, core_y=core_y, core_z=core_z,
-                             padding=int(padding), padding_xy=padding_xy, padding_z=padding_z)
-    with open(os.path.join(folder, "survey.inp"), "w", encoding="ascii", newline="\r\n") as file:
-        file.write(text)
-    return core_x * CELL, core_y * CELL
+    padding_xy, padding_z = (PADDING_XY, PADDING_Z) if cells[0] >= 40 else ("", "")
+    edge = 2 * len(numbers(padding_xy))
+    core = cells[0] - edge, cells[1] - edge, cells[2] - len(numbers(padding_z))
+    write_definition(path, core, padding_xy, padding_z, padded=padding_xy != "")
+    return core[0] * CELL, core[1] * CELL
 
 
 def write_readings(path, count, width, height, random):
@@ -95,11 +61,10 @@ def make(folder, readings, points, cells):
         return definition
     os.makedirs(folder, exist_ok=True)
     random = np.random.Generator(np.random.PCG64(20240607))
-    width, height = write_definition(folder, cells)
-    os.rename(definition, definition + ".part")  # the definition last: it says that the folder is whole
+    width, height = write_untiled_definition(definition + ".part", cells)
     write_readings(os.path.join(folder, "readings.csv"), readings, width, height, random)
     write_ground(os.path.join(folder, "ground.xyz"), points, width, height, random)
-    os.rename(definition + ".part", definition)
+    os.rename(definition + ".part", definition)  # the last: it says that the folder is whole
     return definition
 
 

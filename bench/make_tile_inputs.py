@@ -9,61 +9,22 @@ import os
 
 import numpy as np
 
-from make_create_inputs import CELL, CELL_Z, SOUTH, WEST, numbers, write_ground, write_readings
+from make_create_inputs import PADDING_XY, PADDING_Z, numbers, write_ground, write_readings
+from measured_survey import CELL, CELL_Z, SOUTH, TILE_BLEND_Z, TILE_OVERLAP, TOP, WEST, write_definition
 
 SPLIT = 4  # refined cells in a base cell, along x and y
-PADDING_XY, PADDING_Z = "1,1,1.25,1.5,2,3,4,6", "1,1,1,1,1.5,1.5,2,2,3,3,4,5,6,8,10,12"
-TOP = 425.0
-OVERLAP, BLEND_Z = 10, 5
 VALUES_AT_ONCE = 200_000
-
-DEFINITION = """Version 3.0
-Inversion method: 4
-Inversion mode: 0
-Refinement Mode: 1 ! 0=simple, 1=refined
-X Range: {west:.6f} {east:.7f} {cell:.7f} {core_x}
-Y Range: {south:.6f} {north:.7f} {cell:.7f} {core_y}
-Z Range: {bottom:.6f} {top:.7f} {cell_z:.7f} {core_z} 1.0000000 0.0000000
-Add mesh padding: 0 1
-X/Y padding: {padding_xy}
-Z padding: {padding_z}
-Obs data types  : 1 -1 -1
-Data file type: 0 ! 0=point, 1=grid
-Obs data file  : readings.csv
-Topo data file : ground.xyz
-Obs data definitions: 2 1 1 0 2 3 4 5 0 0 0
-Number of Obs data per cell: 1 0.0000
-Obs data base value: 100.0000
-Obs data scale value: 1.0000
-Sensor height definitions: 1 0.00 0.00
-Error percent and floor:  2  5
-Topo data definitions: 1 0 1 1 2 3
-Topo type: 0
-Topo offset: 0.00
-Topo shift option: 1
-Mag field: -53.31 6.66 52055.00
-X tile size: {tile_x}
-Y tile size: {tile_y}
-Tile overlap: {overlap}
-Tile X/Y blend: 5
-Tile Z blend: {blend_z}
-Tile min points: 0
-Tile use reference: 1
-Tile coarse model: 2
-[Comments]
-Made for measuring
-"""
 
 
 def core_counts(cells):
     """Refined core cells along x, y and z of a refined mesh with so many cells."""
     edge = 2 * len(numbers(PADDING_XY))
-    return cells[0] - edge, cells[1] - edge, cells[2] - len(numbers(PADDING_Z)) - BLEND_Z
+    return cells[0] - edge, cells[1] - edge, cells[2] - len(numbers(PADDING_Z)) - TILE_BLEND_Z
 
 
 def largest_tile(core, tiles):
     """The least tile size that gives so many tiles whatever their limits, which go down to base nodes."""
-    return -(-core // tiles) + 2 * OVERLAP + SPLIT
+    return -(-core // tiles) + 2 * TILE_OVERLAP + SPLIT
 
 
 def write_base_mesh(path, core):
@@ -71,7 +32,7 @@ def write_base_mesh(path, core):
     width = SPLIT * CELL
     rows = [[p * width for p in padding_xy[::-1]] + [width] * (count // SPLIT) + [p * width for p in padding_xy]
             for count in core[:2]]
-    rows.append([CELL_Z] * (core[2] + BLEND_Z) + [p * CELL_Z for p in padding_z])
+    rows.append([CELL_Z] * (core[2] + TILE_BLEND_Z) + [p * CELL_Z for p in padding_z])
     outside = sum(padding_xy) * width
     with open(path, "w", encoding="ascii", newline="\r\n") as file:
         print(*map(len, rows), file=file)
@@ -92,16 +53,6 @@ def write_base_model(path, cells, random):
             file.write(("%.7E\r\n" * len(block)) % tuple(block))
 
 
-def write_definition(path, core, tiles):
-    text = DEFINITION.format(
-        west=WEST, east=WEST + core[0] * CELL, south=SOUTH, north=SOUTH + core[1] * CELL, cell=CELL, cell_z=CELL_Z, top=TOP,
-        bottom=TOP - core[2] * CELL_Z, core_x=core[0], core_y=core[1], core_z=core[2], padding_xy=PADDING_XY,
-        padding_z=PADDING_Z, tile_x=largest_tile(core[0], tiles[0]), tile_y=largest_tile(core[1], tiles[1]), overlap=OVERLAP,
-        blend_z=BLEND_Z)
-    with open(path, "w", encoding="ascii", newline="\r\n") as file:
-        file.write(text)
-
-
 def make(folder, readings, points, cells, tiles):
     """Fills the folder; gives the paths of the definition, the base mesh and the base model."""
     definition, mesh, model = (os.path.join(folder, name) for name in ("survey.inp", "base.msh", "base.sus"))
@@ -113,7 +64,8 @@ def make(folder, readings, points, cells, tiles):
         width, height = core[0] * CELL, core[1] * CELL
         write_readings(os.path.join(folder, "readings.csv"), readings, width, height, random)
         write_ground(os.path.join(folder, "ground.xyz"), points, width, height, random)
-        write_definition(definition, core, tiles)  # the last: it says that the folder is whole
+        tile = [largest_tile(core[axis], tiles[axis]) for axis in range(2)]
+        write_definition(definition, core, PADDING_XY, PADDING_Z, tile=tile)  # the last: it says that the folder is whole
     return definition, mesh, model
 
 

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs the batch program on surveys and meshes of the largest size it is meant for, and prints a table.
 
-    run_load.py PROGRAM MAKE_SURVEY FOLDER [CASE ...]
+    measure_load.py PROGRAM MAKE_SURVEY FOLDER [CASE ...]
 
 FOLDER takes the inputs, which stay for the next time, and the output, which does not. Exits 1 when a run failed or took more
 memory than its points, cells and tiles justify.
@@ -14,44 +14,7 @@ import sys
 import tempfile
 import time
 
-CELL, TOP = 50, 425
-
-DEFINITION = """Version 3.0
-Inversion method: 4
-Inversion mode: 0
-Refinement Mode: {refined}
-X Range: 450000.000000 {east:.7f} {cell:.7f} {core_x}
-Y Range: 7550000.000000 {north:.7f} {cell:.7f} {core_y}
-Z Range: {bottom:.6f} 425.0000000 25.0000000 {core_z} 1.0000000 0.0000000
-Add mesh padding: 0 1
-X/Y padding: 1,1
-Z padding: 1,1
-Obs data types  : 1 -1 -1
-Data file type: 0 ! 0=point, 1=grid
-Obs data file  : readings.csv
-Topo data file : ground.xyz
-Obs data definitions: 2 1 1 1 2 3 4 5 0 0 0
-Number of Obs data per cell: 1 0.0000
-Obs data base value: 100.0000
-Obs data scale value: 1.0000
-Sensor height definitions: 1 0.00 0.00
-Error percent and floor:  2  5
-Topo data definitions: 1 0 1 1 2 3
-Topo type: 0
-Topo offset: 0.00
-Topo shift option: 1
-Mag field: -53.31 6.66 52055.00
-X tile size: {tile}
-Y tile size: {tile}
-Tile overlap: 10
-Tile X/Y blend: 5
-Tile Z blend: 5
-Tile min points: 0
-Tile use reference: 1
-Tile coarse model: 2
-[Comments]
-Made for a load test
-"""
+from measured_survey import CELL, TILE_BLEND_Z, TOP, write_definition
 
 # readings, points of the ground, cells of the core along x, y and z, tiles along an edge
 CASES = {
@@ -73,13 +36,10 @@ def make_inputs(maker, folder, readings, points, core, tiles):
     width, height = core[0] * CELL, core[1] * CELL
     command = [maker, folder, readings, points, width, height]
     if tiles:
-        command += [core[0] // 4, core[1] // 4, core[2] + 5, CELL * 4, TOP]
+        command += [core[0] // 4, core[1] // 4, core[2] + TILE_BLEND_Z, CELL * 4, TOP]
     subprocess.run([str(word) for word in command], check=True)
-    text = DEFINITION.format(refined=int(tiles > 0), east=450000 + width, north=7550000 + height, cell=CELL, core_x=core[0],
-                             core_y=core[1], core_z=core[2], bottom=TOP - 25 * core[2],
-                             tile=core[0] // tiles + 24 if tiles else 100)
-    with open(definition, "w", encoding="ascii", newline="\r\n") as file:
-        file.write(text)
+    tile = [core[0] // tiles + 24] * 2 if tiles else None
+    write_definition(definition, core, "1,1", "1,1", line_column=1, tile=tile)
     return definition
 
 
