@@ -1,4 +1,5 @@
 """What the tests of this folder run the program on, and how they compare what it leaves behind."""
+import argparse
 import os
 import shutil
 import subprocess
@@ -80,6 +81,19 @@ def tree(work):
 
 def work_files(files):
     return sorted(name for name in files if os.path.basename(name).startswith("~"))
+
+
+def options_of(count):
+    """The command line of a program of this folder, with absolute paths and the folder `work` made anew."""
+    parser = argparse.ArgumentParser()
+    for name in ("program", "settings_writer", "shim", "work"):
+        parser.add_argument(name, type=os.path.abspath)
+    parser.add_argument("--count", type=int, default=count)
+    parser.add_argument("--seed", type=int, default=1, help="of what is left to chance")
+    options = parser.parse_args()
+    shutil.rmtree(options.work, ignore_errors=True)
+    os.makedirs(options.work)
+    return options
 
 
 class Faults:

@@ -6,13 +6,12 @@ usage: io_faults.py PROGRAM SETTINGS_WRITER SHIM WORK [--count N]
 PROGRAM is the batch program, SETTINGS_WRITER writes settings, SHIM (io_faults.c) is preloaded, WORK is emptied and used. With
 --count an even sample of N calls of each command fails. Prints a table; exits 1 when anything was lost.
 """
-import argparse
 import collections
 import os
 import shutil
 import sys
 
-from given_runs import CREATE, GRIDS, LIMITS, SAVE, TILED, Faults, Run, row, tree, work_files
+from given_runs import CREATE, GRIDS, LIMITS, SAVE, TILED, Faults, Run, options_of, row, tree, work_files
 
 KINDS = ["open", "write", "sync", "close", "rename", "mkdir", "truncate", "unlink"]
 NEED_ROOM = {"open", "write", "mkdir"}
@@ -169,14 +168,7 @@ class SettingsSeries(Series):
 
 
 def main():
-    parser = argparse.ArgumentParser()
-    for name in ("program", "settings_writer", "shim", "work"):
-        parser.add_argument(name)
-    parser.add_argument("--count", type=int, default=0)
-    options = parser.parse_args()
-    work, shim = os.path.abspath(options.work), os.path.abspath(options.shim)
-    shutil.rmtree(work, ignore_errors=True)
-    os.makedirs(work)
+    options = options_of(0)
     faults = Faults()
     row("command", *KINDS, "full disk", "lost")
     row(*["---"] * (len(KINDS) + 3))
@@ -184,7 +176,8 @@ def main():
     for run in (CREATE, GRIDS, TILED, SAVE, LIMITS, settings):
         before = faults.count
         kind, program = (SettingsSeries, options.settings_writer) if run is settings else (Series, options.program)
-        series = kind(os.path.abspath(program), run, os.path.join(work, run.command or "settings"), shim, faults, options.count)
+        folder = os.path.join(options.work, run.command or "settings")
+        series = kind(program, run, folder, options.shim, faults, options.count)
         series.go()
         row(run.name, *(series.tried[kind] for kind in KINDS), series.tried["full"], faults.count - before)
     sys.exit(faults.count > 0)

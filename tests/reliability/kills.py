@@ -5,7 +5,6 @@ usage: kills.py PROGRAM SETTINGS_WRITER SHIM WORK [--count N] [--seed N]
 
 Prints a table; exits 1 when anything was lost. SHIM is not used.
 """
-import argparse
 import json
 import os
 import random
@@ -15,7 +14,7 @@ import subprocess
 import sys
 import time
 
-from given_runs import CREATE, GRIDS, SAVE, TILED, Faults, ending_of, row, tree, work_files
+from given_runs import CREATE, GRIDS, SAVE, TILED, Faults, ending_of, options_of, row, tree, work_files
 
 # Enough cells for the writing to last.
 LARGE = ["X Range: 1000 1400 5 80", "Y Range: 2000 2400 5 80", "Z Range: 0 300 20 15 1 0"]
@@ -118,19 +117,11 @@ class KilledSettings:
 
 
 def main():
-    parser = argparse.ArgumentParser()
-    for name in ("program", "settings_writer", "shim", "work"):
-        parser.add_argument(name)
-    parser.add_argument("--count", type=int, default=200, help="of all kills together")
-    parser.add_argument("--seed", type=int, default=1)
-    options = parser.parse_args()
-    work, program = os.path.abspath(options.work), os.path.abspath(options.program)
-    shutil.rmtree(work, ignore_errors=True)
-    os.makedirs(work)
+    options = options_of(300)
     chance, faults = random.Random(options.seed), Faults()
-    cases = [(run.name, Killed(program, run, changes, os.path.join(work, run.name.replace(", ", "_")), faults))
+    cases = [(run.name, Killed(options.program, run, changes, os.path.join(options.work, run.name.replace(", ", "_")), faults))
              for run, changes in ((CREATE, LARGE), (GRIDS, LARGE), (TILED, []), (SAVE, []))]
-    cases.append(("settings", KilledSettings(os.path.abspath(options.settings_writer), os.path.join(work, "settings"), faults)))
+    cases.append(("settings", KilledSettings(options.settings_writer, os.path.join(options.work, "settings"), faults)))
     kinds = [(name, case, which) for name, case in cases for which in (signal.SIGKILL, signal.SIGINT)]
     row("command", "signal", "times", "before its end", "working file left for the next run", "lost")
     row(*["---"] * 6)

@@ -5,7 +5,6 @@ usage: together.py PROGRAM SETTINGS_WRITER SHIM WORK [--count N]
 
 Prints a table; exits 1 when anything was lost. SHIM is not used.
 """
-import argparse
 import json
 import os
 import shutil
@@ -13,7 +12,7 @@ import subprocess
 import sys
 import time
 
-from given_runs import CREATE, TILED, TIME_LIMIT, Faults, Run, ending_of, row, tree
+from given_runs import CREATE, TILED, TIME_LIMIT, Faults, Run, ending_of, options_of, row, tree
 from kills import LARGE
 
 REFUSED = "another program is writing an inversion into the folder "
@@ -84,25 +83,17 @@ def two_writers(writer, work, faults, times, killed):
 
 
 def main():
-    parser = argparse.ArgumentParser()
-    for name in ("program", "settings_writer", "shim", "work"):
-        parser.add_argument(name)
-    parser.add_argument("--count", type=int, default=50)
-    options = parser.parse_args()
-    work, program = os.path.abspath(options.work), os.path.abspath(options.program)
-    writer = os.path.abspath(options.settings_writer)
-    shutil.rmtree(work, ignore_errors=True)
-    os.makedirs(work)
+    options = options_of(50)
     faults = Faults()
     row("two programs", "times", "one was refused", "lost")
     row(*["---"] * 4)
     for run, changes in ((CREATE, LARGE), (TILED, [])):
         before = faults.count
-        refused = two_creates(program, run, changes, os.path.join(work, "create"), faults, options.count)
+        refused = two_creates(options.program, run, changes, os.path.join(options.work, "create"), faults, options.count)
         row(run.name + " into one folder", options.count, refused, faults.count - before)
     for killed in (False, True):
         before = faults.count
-        two_writers(writer, os.path.join(work, "settings"), faults, options.count, killed)
+        two_writers(options.settings_writer, os.path.join(options.work, "settings"), faults, options.count, killed)
         row("settings" + ", and a third that is killed" * killed, options.count, 0, faults.count - before)
     sys.exit(faults.count > 0)
 
