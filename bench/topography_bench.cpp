@@ -3,9 +3,8 @@
 // This program also links CGAL itself. Its peers, on like points: peers/topography.py.
 
 #include "data/topography.h"
-#include "host/cancelled_dialogs.h"
+#include "rules/silent_host.h"
 #include "support/paths.h"
-#include "utilities/point_transform.h"
 
 #include <CGAL/Delaunay_triangulation_2.h>
 #include <CGAL/Exact_predicates_inexact_constructions_kernel.h>
@@ -21,32 +20,6 @@ namespace {
 
 constexpr double west = 430000, south = 7200000, extent = 12800;
 constexpr std::int32_t cells = 512;
-
-struct SilentDialogs : CancelledDialogs {
-    void message(const std::string &) override {}
-    std::optional<PointTransform> define_transform(const PointTransform &) override { return {}; }
-};
-
-struct SilentProgress : Progress {
-    void begin() override {}
-    void end() override {}
-    void line(const std::string &) override {}
-    void step(const std::string &) override {}
-    void percent(int) override {}
-};
-
-struct NoLauncher : ScriptLauncher {
-    void start(const std::string &, const std::string &) override {}
-};
-
-struct SilentHost {
-    SilentDialogs dialogs;
-    SilentProgress progress;
-    NoSettings settings;
-    NoLauncher launcher;
-    DebugLog debug;
-    Host host{ dialogs, progress, settings, launcher, debug };
-};
 
 UbcMesh bench_mesh()
 {

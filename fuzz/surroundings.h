@@ -41,21 +41,13 @@ public:
     std::optional<PointTransform> define_transform(const PointTransform &) override { return std::nullopt; }
 };
 
-struct SilentProgress : Progress {
-    void begin() override {}
-    void end() override {}
-    void line(const std::string &) override {}
-    void step(const std::string &) override {}
+struct WatchedProgress : NoProgress {
     void percent(int percent) override { must(percent >= 0 && percent <= 100, "a percentage of " + std::to_string(percent)); }
-};
-
-struct NoLauncher : ScriptLauncher {
-    void start(const std::string &, const std::string &) override {}
 };
 
 struct FuzzHost {
     ClosedDialogs dialogs;
-    SilentProgress progress;
+    WatchedProgress progress;
     NoSettings settings;
     NoLauncher launcher;
     DebugLog debug;

@@ -62,10 +62,6 @@ private:
 
 namespace {
 
-struct NoLauncher : ScriptLauncher {
-    void start(const std::string &, const std::string &) override {}
-};
-
 constexpr int look_every = 50, settle_time = 250; // milliseconds
 constexpr auto patience = std::chrono::milliseconds(1000);
 

@@ -19,6 +19,16 @@ public:
     virtual void percent(int percent) = 0;
 };
 
+/// For work that nobody watches.
+class NoProgress : public Progress {
+public:
+    void begin() override {}
+    void end() override {}
+    void line(const std::string &) override {}
+    void step(const std::string &) override {}
+    void percent(int) override {}
+};
+
 /// Turns counts of work done into whole percents and reports each once: 100 * done / total, rounded, halves to even.
 class Percentage {
 public:

@@ -12,16 +12,6 @@ struct SilentHost {
         void message(const std::string & shown) override { text = shown; }
         std::optional<PointTransform> define_transform(const PointTransform &) override { return std::nullopt; }
     };
-    struct NoProgress : Progress {
-        void begin() override {}
-        void end() override {}
-        void line(const std::string &) override {}
-        void step(const std::string &) override {}
-        void percent(int) override {}
-    };
-    struct NoLauncher : ScriptLauncher {
-        void start(const std::string &, const std::string &) override {}
-    };
 
     HeldMessage dialogs;
     NoProgress progress;
