@@ -60,7 +60,7 @@ Status press_working_directory(Session & session, Host & host)
     const auto picked = host.dialogs.choose_folder("Select a Folder", current_folder());
     if (!picked) return Status::stopped;
     go_to_folder(*picked, session.setup.form);
-    debug_write(host.debug, host.dialogs, false, "Write Varnok_ini from set_working_direecory");
+    debug_write(host.debug, host.dialogs, false, "Write Varnok_ini from set_working_direcory");
     return Status::good;
 }
 

@@ -170,6 +170,7 @@ Status run_guarded(Run & run)
 {
     std::string fault_text;
     try {
+        run.host.progress.begin();
         try {
             run_phases(run);
         } catch (const EndedByUser &) {
@@ -226,7 +227,6 @@ Status create_inversion(const ValidatedDefinition & definition, const UbcMesh & 
     const std::string remembered_folder = current_folder();
     Run run = { start_creation(definition, mesh, folder, mode), *definition, mesh, host };
     run.creation.refined = refined;
-    host.progress.begin();
     const Status status = run_guarded(run);
     if (status == Status::good) host.dialogs.message("Output complete");
     change_to_path(remembered_folder);

@@ -64,7 +64,7 @@ public:
     /// Makes a reading of point i, counted from 0. False when it is left out. shifts: by how much readings were lifted.
     bool take(std::size_t i, Triangulation::Trail & trail, Reading & reading, std::vector<double> & shifts) const
     {
-        if (has_z_ && is_dummy(z_[i])) return false;
+        if (has_z_ && (is_missing(z_[i]) || is_dummy(z_[i]))) return false;
         // A z from the file holds the sensor's offset already: it counts twice there, as it always has.
         reading.z = (has_z_ ? z_[i] : 0) + sensor_offset_;
         return take_values(i, reading) && place(i, reading) && set_elevation(trail, reading, shifts);
@@ -333,7 +333,8 @@ LocationSource location_source(const InversionDefinition & definition, int slot)
     source.elevation_offset = definition.sensor_offset();
     source.line_column = definition.data_line_column;
     source.value_column = definition.data_value_column;
-    // The third value may be one of two things, and the extra value comes first.
+    // The third value may be one of two things, and the extra value comes first. A column for neither may hold anything.
+    if (definition.obs_data_type_count < 3) source.value_column[2] = 0;
     if (definition.data_extra_value_column > 0) source.value_column[2] = definition.data_extra_value_column;
     return source;
 }

@@ -62,11 +62,13 @@ bool find_section(TextFile & file, std::string_view heading)
 std::string_view bare_label(std::string_view label) { return trim(label.substr(0, label.find(':'))); }
 
 struct TakeValue {
+    std::string_view pattern;
     std::string_view & rest;
 
     void operator()(std::string * text) const
     {
         *text = trim(rest);
+        if (pattern == "path") std::ranges::replace(*text, '/', '\\');
         rest = {};
     }
     void operator()(std::int32_t * count) const { *count = leading_count(next_token(rest)); }
@@ -80,7 +82,7 @@ void take_line(const Line & line, std::string_view rest, int version, InversionD
         line.take(record, rest, version);
     } else {
         for (const Value & value : line.values)
-            if (value.taken_when == nullptr || value.taken_when(rest)) std::visit(TakeValue{ rest }, value.target);
+            if (value.taken_when == nullptr || value.taken_when(rest)) std::visit(TakeValue{ value.pattern, rest }, value.target);
     }
     if (line.repair != nullptr) line.repair(record);
 }

@@ -145,12 +145,12 @@ std::vector<Line> data_file_lines(InversionDefinition & r)
 {
     return {
         { "Data file type: ", { { "0", &r.data_file_type } }, " ! 0=point, 1=grid" },
-        { "Obs data file  : ", { { "", &r.data_file[0] } } },
-        { "Topo data file : ", { { "", &r.data_file[1] } } },
-        { "Obs data grid  : ", { { "", &r.data_file[2] } } },
-        { "Obs 2 data grid: ", { { "", &r.data_file[3] } } },
-        { "Obs 3 data grid: ", { { "", &r.data_file[4] } } },
-        { "Sensor grid    : ", { { "", &r.data_file[5] } } },
+        { "Obs data file  : ", { { "path", &r.data_file[0] } } },
+        { "Topo data file : ", { { "path", &r.data_file[1] } } },
+        { "Obs data grid  : ", { { "path", &r.data_file[2] } } },
+        { "Obs 2 data grid: ", { { "path", &r.data_file[3] } } },
+        { "Obs 3 data grid: ", { { "path", &r.data_file[4] } } },
+        { "Sensor grid    : ", { { "path", &r.data_file[5] } } },
         { "Obs data definitions: ",
           { { "0", &r.data_first_line[0] },
             { "0", &r.data_name_line[0] },
@@ -195,12 +195,12 @@ std::vector<Line> correction_lines(InversionDefinition & r)
 std::vector<Line> model_lines(InversionDefinition & r)
 {
     return {
-        { "Initial model: ", { { "", &r.initial_model } } },
-        { "Reference model: ", { { "", &r.reference_model } } },
-        { "Weighting model: ", { { "", &r.weighting_model } } },
-        { "Model Bounds: ", { { "", &r.model_bounds[0] } } },
-        { "Model Upper Bounds: ", { { "", &r.model_bounds[1] } } },
-        { "Rock Property Model: ", { { "", &r.rock_property_file } } },
+        { "Initial model: ", { { "path", &r.initial_model } } },
+        { "Reference model: ", { { "path", &r.reference_model } } },
+        { "Weighting model: ", { { "path", &r.weighting_model } } },
+        { "Model Bounds: ", { { "path", &r.model_bounds[0] } } },
+        { "Model Upper Bounds: ", { { "path", &r.model_bounds[1] } } },
+        { "Rock Property Model: ", { { "path", &r.rock_property_file } } },
         { "Rock properties application: ", { { "0", &r.rock_property_application } } },
     };
 }

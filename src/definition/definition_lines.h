@@ -12,8 +12,8 @@
 
 /// One value on a line and the field it lives in.
 ///
-/// pattern: of a number, or "str" or "general" for its plain text with and without a sign's place; of a text, "" as it is or
-/// "trimmed". A text takes the whole rest of its line.
+/// pattern: of a number, or "str" or "general" for its plain text with and without a sign's place; of a text, "" as it is,
+/// "trimmed", or "path", which some write with "/". A text takes the whole rest of its line.
 struct Value {
     const char * pattern;
     std::variant<std::int32_t *, float *, double *, std::string *> target;

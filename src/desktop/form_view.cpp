@@ -15,6 +15,7 @@
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QTabWidget>
+#include <QTextCursor>
 #include <algorithm>
 #include <array>
 
@@ -36,8 +37,15 @@ void show_lines(const Control & control, QObject & widget)
     auto & box = static_cast<QPlainTextEdit &>(widget);
     QString text = shown(control.text);
     text.remove(QLatin1Char('\r'));
-    if (box.toPlainText() == text) return;
-    box.setPlainText(text);
+    const QString old = box.toPlainText();
+    if (old == text) return;
+    if (box.isReadOnly() && text.startsWith(old)) {
+        QTextCursor end(box.document()); // of a long log only the new lines are laid out
+        end.movePosition(QTextCursor::End);
+        end.insertText(text.mid(old.size()));
+    } else {
+        box.setPlainText(text);
+    }
     if (box.isReadOnly()) box.verticalScrollBar()->setValue(box.verticalScrollBar()->maximum());
 }
 

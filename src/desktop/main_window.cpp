@@ -106,15 +106,22 @@ constexpr std::string_view editing_commands[] = { "Command_define_coordinate_tra
                                                   "Command_depth_weighting_file",        "Command_update",
                                                   "Command_set_limits_from_file",        "menu_read_file" };
 
+void log_surroundings(Host & host)
+{
+    const QString user = qEnvironmentVariable("USER", qEnvironmentVariable("USERNAME"));
+    debug_write(host.debug, host.dialogs, false, "user name: " + user.toStdString());
+    debug_write(host.debug, host.dialogs, false, "computer name: " + QSysInfo::machineHostName().toStdString());
+}
+
 std::string path_of(const QUrl & url) { return definition_path(std::filesystem::path(url.toLocalFile().toStdString())); }
 
 }
 
-MainWindow::MainWindow(SettingsStore & settings, ScriptLauncher & launcher, Dialogs * dialogs)
+MainWindow::MainWindow(SettingsStore & settings, ScriptLauncher & launcher, Dialogs * dialogs, DebugLog debug)
     : own_dialogs_(*this), display_progress_({ [this] { refresh(); }, [this](bool running) { show_running(running); },
                                                [this](const std::string & text) { step_->setText(QString::fromStdString(text)); },
                                                [this](int percent) { bar_->setValue(percent); } }),
-      display_{ dialogs ? *dialogs : own_dialogs_, display_progress_, settings, launcher, debug_ },
+      debug_(std::move(debug)), display_{ dialogs ? *dialogs : own_dialogs_, display_progress_, settings, launcher, debug_ },
       progress_(session_.setup.form, display_), host_{ display_.dialogs, progress_, settings, launcher, debug_ }
 {
     own_dialogs_.transform_dialog = [this](const PointTransform & start) { return define_transform(*this, start, host_); };
@@ -127,6 +134,7 @@ MainWindow::MainWindow(SettingsStore & settings, ScriptLauncher & launcher, Dial
     setMinimumSize(900, 520);
     resize(1180, 780);
     restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(settings.read(section, "WindowGeometry", ""))));
+    log_surroundings(host_);
     start_session(session_, host_);
     build();
     view_ = std::make_unique<FormView>(session_.setup.form, *this,

@@ -21,7 +21,7 @@ class MainWindow : public QMainWindow {
 
 public:
     /// dialogs: other ones than the program's own, for its tests.
-    MainWindow(SettingsStore & settings, ScriptLauncher & launcher, Dialogs * dialogs = nullptr);
+    MainWindow(SettingsStore & settings, ScriptLauncher & launcher, Dialogs * dialogs = nullptr, DebugLog debug = {});
     ~MainWindow() override;
 
     Session & session() { return session_; }

@@ -115,7 +115,8 @@ TEST(select_point_readings, given_many_points_then_the_nearest_stays_the_first_o
 TEST(process_inversion_data, given_the_third_column_then_the_extra_value_comes_before_the_component)
 {
     Processor p;
-    EXPECT_EQ(location_source(small_definition("Obs data definitions: 1 0 1 0 1 2 3 4 0 0 5"), 0).value_column[2], 5);
+    const std::string third = "Obs data types: 1 2 3; Obs data definitions: 1 0 1 0 1 2 3 4 4 0 5";
+    EXPECT_EQ(location_source(small_definition(third), 0).value_column[2], 5);
     EXPECT_EQ(p.process(small_definition("Obs data definitions: 1 0 1 0 1 2 3 4 0 6 5"), "5 5 120 1 2 3\n", small_mesh()),
               Status::good);
     EXPECT_EQ(p.readings.selected.extra_value[1], 3);

@@ -58,6 +58,19 @@ TEST(settings, given_a_restart_then_recent_files_and_folder_and_size_are_as_they
     EXPECT_EQ(given.text("Text_data_locations_0"), "data.csv");
 }
 
+TEST(debug_log, given_one_then_it_tells_where_the_program_runs_and_what_it_does)
+{
+    const TemporaryFolder folder;
+    KeptSettings settings;
+    RecordedLauncher launcher;
+    RecordedDialogs dialogs;
+    MainWindow window(settings, launcher, &dialogs, { 1, folder.file("log.txt") });
+    const std::string log = folder.read("log.txt");
+    const std::size_t computer = log.find("\r\n2 : computer name: ");
+    EXPECT_TRUE(log.starts_with("Debug for ") && log.find("\r\n1 : user name: ") < computer && computer < log.size()) << log;
+    EXPECT_EQ(dialogs.messages, Texts{ "Debug started: " + folder.file("log.txt") });
+}
+
 TEST(changes, given_some_that_are_not_saved_then_closing_and_opening_ask_and_a_save_ends_it)
 {
     DrivenWindow given;
