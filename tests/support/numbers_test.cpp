@@ -16,8 +16,13 @@ TEST(numbers, given_a_text_then_its_longest_prefix_counts_and_only_a_whole_numbe
         EXPECT_EQ(leading_number(text), number_in<double>(value)) << text;
         EXPECT_EQ(is_numeric(text), numeric == "yes") << text;
     }
-    EXPECT_THROW(leading_number("-1e400"), OverflowFault);
-    EXPECT_FALSE(is_numeric("1e400"));
+    const std::string zeros(400, '0');
+    for (const std::string & large : { std::string("-1e400"), "01" + zeros, "1" + zeros + "e-5", "0.0000001e" + zeros + "400" }) {
+        EXPECT_THROW(leading_number(large), OverflowFault) << large;
+        EXPECT_FALSE(is_numeric(large)) << large;
+    }
+    for (const std::string & tiny : { "." + zeros + "1", "0." + zeros + "1e50", "10e-" + zeros + "400", "1e-9" + zeros })
+        EXPECT_EQ(leading_number(tiny), 0) << tiny;
 }
 
 TEST(numbers, given_a_conversion_then_halves_go_to_even_and_nothing_wraps_round)
