@@ -64,7 +64,7 @@ public:
     /// Makes a reading of point i, counted from 0. False when it is left out. shifts: by how much readings were lifted.
     bool take(std::size_t i, Triangulation::Trail & trail, Reading & reading, std::vector<double> & shifts) const
     {
-        if (has_z_ && (is_missing(z_[i]) || is_dummy(z_[i]))) return false;
+        if (has_z_ && is_dummy(z_[i])) return false;
         // A z from the file holds the sensor's offset already: it counts twice there, as it always has.
         reading.z = (has_z_ ? z_[i] : 0) + sensor_offset_;
         return take_values(i, reading) && place(i, reading) && set_elevation(trail, reading, shifts);
